@@ -1,0 +1,29 @@
+# Compiler settings shared by every target.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(pellora_settings INTERFACE)
+target_compile_options(pellora_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+target_link_options(pellora_settings INTERFACE -Wl,--as-needed)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # GCC 12 reports std::optional and std::variant members as maybe uninitialised
+  # once inlined under sanitizers; the sanitizers themselves look for the real thing.
+  target_compile_options(pellora_settings INTERFACE -Wno-maybe-uninitialized)
+endif()
+
+if(PELLORA_SANITIZE)
+  add_compile_options(-fsanitize=${PELLORA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${PELLORA_SANITIZE})
+endif()
+
+find_program(PELLORA_CCACHE ccache)
+if(PELLORA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${PELLORA_CCACHE}")
+endif()
+find_program(PELLORA_MOLD mold)
+if(PELLORA_MOLD AND PROJECT_IS_TOP_LEVEL)
+  add_link_options(-fuse-ld=mold)
+endif()
