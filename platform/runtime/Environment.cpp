@@ -29,6 +29,15 @@ Account account()
     return {found->pw_name, found->pw_dir};
 }
 
+// Made where it is missing; another account may have put something in its place.
+bool isPrivateFolder(const std::string& path)
+{
+    ::mkdir(path.c_str(), 0700);
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0) return false;
+    return S_ISDIR(status.st_mode) && status.st_uid == ::getuid() && (status.st_mode & 0077) == 0;
+}
+
 class ProcessEnvironment final : public Environment {
 public:
     std::optional<std::string> variable(const std::string& name) const override
@@ -83,8 +92,7 @@ std::string Environment::runtimeDirectory() const
     const std::string value = variable("XDG_RUNTIME_DIR").value_or("");
     if (!value.empty() && value.front() == '/') return value;
     const std::string fallback = "/tmp/pellora-runtime-" + std::to_string(::getuid());
-    ::mkdir(fallback.c_str(), 0700);
-    return fallback;
+    return isPrivateFolder(fallback) ? fallback : cacheHome();
 }
 
 SystemRoots& SystemRoots::shared()
