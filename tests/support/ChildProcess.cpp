@@ -1,0 +1,185 @@
+#include "tests/support/ChildProcess.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace Tests {
+
+using Platform::FileDescriptor;
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+namespace {
+
+[[noreturn]] void fail(const char* call)
+{
+    throw std::system_error(errno, std::generic_category(), call);
+}
+
+std::vector<std::string> mergedEnvironment(const std::map<std::string, std::optional<std::string>>& changes)
+{
+    std::vector<std::string> merged;
+    for (char** entry = environ; *entry; ++entry) {
+        const std::string text = *entry;
+        if (!changes.contains(text.substr(0, text.find('=')))) merged.push_back(text);
+    }
+    for (const auto& [name, value] : changes) {
+        if (value) merged.push_back(name + '=' + *value);
+    }
+    return merged;
+}
+
+std::vector<char*> pointersTo(const std::vector<std::string>& texts)
+{
+    std::vector<char*> pointers;
+    for (const std::string& text : texts) pointers.push_back(const_cast<char*>(text.c_str()));
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+// What the child does between fork and exec: only calls that are allowed there.
+struct Launch {
+    std::vector<char*> arguments;
+    std::vector<char*> environment;
+    const char* folder;
+    int output;
+    int errors;
+
+    [[noreturn]] void run(pid_t parent) const
+    {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        sigset_t none;
+        sigemptyset(&none);
+        ::sigprocmask(SIG_SETMASK, &none, nullptr);
+        std::signal(SIGPIPE, SIG_DFL);
+        const bool isOrphan = ::getppid() != parent;
+        if (isOrphan || (*folder && ::chdir(folder) != 0)) ::_exit(127);
+        if (output >= 0) ::dup2(output, STDOUT_FILENO);
+        if (errors >= 0) ::dup2(errors, STDERR_FILENO);
+        ::execvpe(arguments.front(), arguments.data(), environment.data());
+        ::_exit(127);
+    }
+};
+
+milliseconds left(steady_clock::time_point deadline)
+{
+    const auto rest = std::chrono::ceil<milliseconds>(deadline - steady_clock::now());
+    return std::max(rest, milliseconds(0));
+}
+
+bool waitReadable(int descriptor, steady_clock::time_point deadline)
+{
+    for (;;) {
+        pollfd entry{descriptor, POLLIN, 0};
+        const int ready = ::poll(&entry, 1, static_cast<int>(left(deadline).count()));
+        if (ready >= 0 || errno != EINTR) return ready > 0;
+    }
+}
+
+}  // namespace
+
+ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Options& options)
+{
+    const std::vector<std::string> environment = mergedEnvironment(options.environment);
+    Launch launch{pointersTo(arguments), pointersTo(environment), options.workingDirectory.c_str(), -1, -1};
+    FileDescriptor target;
+    if (options.streams == Streams::silent) {
+        target = FileDescriptor(::open("/dev/null", O_WRONLY | O_CLOEXEC));
+    } else if (options.streams != Streams::inherited) {
+        int ends[2];
+        if (::pipe2(ends, O_CLOEXEC) != 0) fail("pipe2");
+        output_ = FileDescriptor(ends[0]);
+        target = FileDescriptor(ends[1]);
+    }
+    launch.output = target.get();
+    launch.errors = options.streams == Streams::output ? -1 : target.get();
+
+    const pid_t parent = ::getpid();
+    pid_ = ::fork();
+    if (pid_ < 0) fail("fork");
+    if (pid_ == 0) launch.run(parent);
+    pidDescriptor_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, pid_, 0)));
+    if (!pidDescriptor_) fail("pidfd_open");
+}
+
+ChildProcess& ChildProcess::operator=(ChildProcess&& other) noexcept
+{
+    if (this == &other) return *this;
+    kill();
+    pid_ = other.pid_;
+    pidDescriptor_ = std::move(other.pidDescriptor_);
+    output_ = std::move(other.output_);
+    buffer_ = std::move(other.buffer_);
+    status_ = other.status_;
+    return *this;
+}
+
+ChildProcess::~ChildProcess()
+{
+    kill();
+}
+
+std::optional<int> ChildProcess::wait(milliseconds timeout)
+{
+    if (status_ || !pidDescriptor_) return status_;
+    if (!waitReadable(pidDescriptor_.get(), steady_clock::now() + timeout)) return std::nullopt;
+    int status = 0;
+    if (::waitpid(pid_, &status, 0) != pid_) return std::nullopt;
+    status_ = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+    return status_;
+}
+
+bool ChildProcess::fillBuffer(Deadline deadline)
+{
+    if (!output_ || !waitReadable(output_.get(), deadline)) return false;
+    char chunk[4096];
+    const ssize_t count = ::read(output_.get(), chunk, sizeof chunk);
+    if (count <= 0) return false;
+    buffer_.append(chunk, static_cast<std::size_t>(count));
+    return true;
+}
+
+std::optional<std::string> ChildProcess::readLine(milliseconds timeout)
+{
+    const Deadline deadline = steady_clock::now() + timeout;
+    std::size_t end = 0;
+    while ((end = buffer_.find('\n')) == std::string::npos) {
+        if (!fillBuffer(deadline)) return std::nullopt;
+    }
+    std::string line = buffer_.substr(0, end);
+    buffer_.erase(0, end + 1);
+    return line;
+}
+
+std::string ChildProcess::readAll(milliseconds timeout)
+{
+    const Deadline deadline = steady_clock::now() + timeout;
+    while (fillBuffer(deadline)) {
+    }
+    return std::exchange(buffer_, {});
+}
+
+void ChildProcess::signal(int number)
+{
+    if (pidDescriptor_ && !status_) ::syscall(SYS_pidfd_send_signal, pidDescriptor_.get(), number, nullptr, 0);
+}
+
+void ChildProcess::kill()
+{
+    if (!pidDescriptor_ || status_) return;
+    signal(SIGKILL);
+    wait(std::chrono::seconds(10));
+}
+
+}  // namespace Tests

@@ -1,0 +1,42 @@
+#include "tests/support/Display.h"
+
+#include <csignal>
+#include <stdexcept>
+
+namespace Tests {
+
+namespace {
+
+ChildProcess startServer(const std::string& screen)
+{
+    ChildProcess::Options options;
+    options.streams = ChildProcess::Streams::output;
+    return ChildProcess({"Xvfb", "-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp", "-noreset"}, options);
+}
+
+// The server prints its number once it accepts connections.
+std::string awaitName(ChildProcess& server)
+{
+    const std::optional<std::string> number = server.readLine(std::chrono::seconds(20));
+    if (!number) throw std::runtime_error("Xvfb did not start");
+    return ':' + *number;
+}
+
+}  // namespace
+
+Display::Display(const std::string& screen)
+    : server_(startServer(screen)),
+      name_(awaitName(server_)),
+      display_("DISPLAY", name_),
+      wayland_("WAYLAND_DISPLAY", std::nullopt)
+{
+}
+
+// Asked politely it takes its lock file along, which another user could not remove.
+Display::~Display()
+{
+    server_.signal(SIGTERM);
+    server_.wait(std::chrono::seconds(5));
+}
+
+}  // namespace Tests

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "tests/support/ChildProcess.h"
+#include "tests/support/EnvironmentVariable.h"
+
+namespace Tests {
+
+// An X display without a screen for the scope: a real Xvfb on a number that is
+// free. DISPLAY points to it; WAYLAND_DISPLAY is unset. Thread: main.
+class Display {
+public:
+    explicit Display(const std::string& screen = "1280x800x24");
+    ~Display();
+
+    // ":7"
+    const std::string& name() const { return name_; }
+
+private:
+    ChildProcess server_;
+    std::string name_;
+    EnvironmentVariable display_;
+    EnvironmentVariable wayland_;
+};
+
+}  // namespace Tests
