@@ -21,7 +21,10 @@ endif()
 
 find_program(PELLORA_CCACHE ccache)
 if(PELLORA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${PELLORA_CCACHE}")
+  # Paths are hashed relative to the checkout and a fresh file's time is no
+  # reason to compile again, so that every clone shares one cache.
+  set(CMAKE_CXX_COMPILER_LAUNCHER env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=1
+    CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime "${PELLORA_CCACHE}")
 endif()
 find_program(PELLORA_MOLD mold)
 if(PELLORA_MOLD AND PROJECT_IS_TOP_LEVEL)
