@@ -71,6 +71,7 @@ void Application::setDelegate(const std::weak_ptr<ApplicationDelegate>& delegate
 
 void Application::run()
 {
+    if (state_->isTerminating) return;
     RunLoop& loop = RunLoop::main();
     const sigset_t signals = endingSignals();
     const FileDescriptor ending(::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));

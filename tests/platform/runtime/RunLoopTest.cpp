@@ -1,0 +1,169 @@
+#include <algorithm>
+#include <cmath>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <sys/epoll.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include "platform/runtime/FileDescriptor.h"
+#include "platform/runtime/RunLoop.h"
+#include "platform/runtime/Shared.h"
+#include "platform/runtime/Timer.h"
+#include "tests/fakes/VirtualClock.h"
+
+using namespace std::chrono_literals;
+using Platform::RunLoop;
+using Platform::Subscription;
+using Platform::Timer;
+
+namespace {
+
+class RunLoopTest : public testing::Test {
+protected:
+    Tests::ReplacedClock clock;
+    RunLoop& loop = RunLoop::current();
+
+    void advance(double seconds)
+    {
+        clock->advance(seconds);
+        loop.drain();
+    }
+};
+
+}  // namespace
+
+TEST_F(RunLoopTest, LateTimersFireOnceAndStayOnTheirGrid)
+{
+    std::vector<std::shared_ptr<Timer>> timers;
+    int fires = 0;
+    for (int i = 0; i < 50; ++i) timers.push_back(Timer::scheduled(1.0, true, [&] { ++fires; }));
+
+    advance(0.9);
+    EXPECT_EQ(fires, 0);
+    advance(0.1);
+    EXPECT_EQ(fires, 50);
+    advance(100.5);  // overdue a hundred times: one fire each
+    EXPECT_EQ(fires, 100);
+    advance(0.4);
+    EXPECT_EQ(fires, 100);
+    advance(0.1);  // the grid's next point, not a second after the late fire
+    EXPECT_EQ(fires, 150);
+
+    for (const auto& timer : timers) timer->invalidate();
+    advance(10);
+    EXPECT_EQ(fires, 150);
+}
+
+TEST_F(RunLoopTest, TimersEndFromInsideAndLetGoOfTheirAction)
+{
+    auto owned = std::make_shared<int>(0);
+    const std::weak_ptr<int> watched = owned;
+    std::shared_ptr<Timer> timer;
+    timer = Timer::scheduled(1.0, true, [owned = std::move(owned), &timer] {
+        ++*owned;
+        timer->invalidate();
+        timer->invalidate();
+        EXPECT_EQ(*owned, 1);  // still alive until the action returns
+    });
+    advance(5);
+    EXPECT_FALSE(timer->isValid());
+    EXPECT_TRUE(watched.expired());
+
+    int once = 0;
+    const auto single = Timer::scheduled(std::nan(""), false, [&] { ++once; });
+    advance(1);
+    advance(1);
+    EXPECT_EQ(once, 1);
+    EXPECT_FALSE(single->isValid());
+}
+
+TEST_F(RunLoopTest, ATimerMovesToAnotherLoopWithItsPhase)
+{
+    int fires = 0;
+    std::shared_ptr<Timer> timer;
+    std::thread([&] {
+        timer = Timer::scheduled(2.0, true, [&] { ++fires; });
+        RunLoop::main().add(timer);
+    }).join();
+    advance(2.0);
+    EXPECT_EQ(fires, 1);
+    loop.add(timer);  // already here: nothing changes
+    advance(2.0);
+    EXPECT_EQ(fires, 2);
+    timer->invalidate();
+}
+
+TEST_F(RunLoopTest, PostsFromAnyThreadArriveInOrderAndNestedRunsDispatchThem)
+{
+    constexpr int count = 1000;
+    std::vector<int> seen;
+    std::thread poster([&] {
+        for (int i = 0; i < count; ++i) loop.post([&seen, i] { seen.push_back(i); });
+    });
+    bool nestedEnded = false;
+    loop.post([&] {
+        loop.runUntil([&] { return seen.size() == count; }, 10s);  // the posts run inside this handler
+        nestedEnded = seen.size() == count;
+    });
+    loop.runUntil([&] { return nestedEnded; }, 20s);
+    poster.join();
+    EXPECT_TRUE(nestedEnded);
+    EXPECT_TRUE(std::ranges::is_sorted(seen));
+}
+
+TEST_F(RunLoopTest, StopEndsTheInnermostRunAndStopAllEveryRun)
+{
+    std::vector<int> ended;
+    loop.post([&] {
+        loop.post([&] { loop.stop(); });
+        loop.run();
+        ended.push_back(2);
+        loop.post([&] {
+            loop.post([&] { loop.stopAll(); });
+            loop.run();
+            ended.push_back(3);
+        });
+    });
+    loop.run();
+    ended.push_back(1);
+    EXPECT_EQ(ended, (std::vector<int>{2, 3, 1}));
+}
+
+TEST_F(RunLoopTest, WatchesCallBackUntilCancelledAlsoFromInside)
+{
+    const Platform::FileDescriptor event(::eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK));
+    int calls = 0;
+    int hooks = 0;
+    Subscription watch;
+    watch = loop.watch(event.get(), EPOLLIN, [&](std::uint32_t) {
+        if (++calls == 3) watch.cancel();
+    });
+    Subscription hook = loop.beforeSleep([&] { ++hooks; });
+    loop.drain();
+    EXPECT_EQ(calls, 3);
+    EXPECT_GE(hooks, 3);
+
+    watch = loop.watch(event.get(), 0, [&](std::uint32_t) { ++calls; });
+    loop.drain();
+    EXPECT_EQ(calls, 3);
+    loop.setEvents(event.get(), EPOLLIN);
+    loop.dispatchOne();
+    EXPECT_EQ(calls, 4);
+}
+
+TEST_F(RunLoopTest, SubscriptionsMayOutliveTheLoopOfAnEndedThread)
+{
+    Subscription watch;
+    std::shared_ptr<Timer> timer;
+    const Platform::FileDescriptor event(::eventfd(0, EFD_CLOEXEC));
+    std::thread([&] {
+        watch = RunLoop::current().watch(event.get(), EPOLLIN, [](std::uint32_t) {});
+        timer = Timer::scheduled(1.0, true, [] {});
+    }).join();
+    watch.cancel();
+    timer->invalidate();
+    EXPECT_FALSE(timer->isValid());
+}
