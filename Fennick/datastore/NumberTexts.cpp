@@ -52,9 +52,10 @@ void append(std::string& text, std::uint64_t number, int decimals)
     }
     std::array<char, 24> digits;
     const char* end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    text.append(digits.data(), end);
+    text.append(digits.data(), static_cast<std::size_t>(end - digits.data()));
     if (decimals == 0) return;
-    if (static_cast<int>(text.size()) <= decimals) text.insert(0, static_cast<std::size_t>(decimals) + 1 - text.size(), '0');
+    if (static_cast<int>(text.size()) <= decimals)
+        text.insert(0, static_cast<std::size_t>(decimals) + 1 - text.size(), '0');
     text.insert(text.size() - static_cast<std::size_t>(decimals), 1, '.');
 }
 
@@ -76,9 +77,9 @@ std::string byteCountText(std::uint64_t bytes)
 std::string fixedDecimalsText(std::int64_t decimals, double number)
 {
     const auto digits = static_cast<std::int16_t>(std::clamp<std::int64_t>(decimals, 0, 1000));
-    const auto text = Platform::numberText(number, {.minimumFractionDigits = digits,
-                                                    .maximumFractionDigits = digits,
-                                                    .rounding = Platform::Rounding::towardZero});
+    const auto text = Platform::numberText(
+        number,
+        {.minimumFractionDigits = digits, .maximumFractionDigits = digits, .rounding = Platform::Rounding::towardZero});
     return text.value_or("-");
 }
 
