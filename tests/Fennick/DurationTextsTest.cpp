@@ -1,0 +1,66 @@
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "Fennick/DateUtilities.h"
+#include "Fennick/TimeUtilities.h"
+
+using Fennick::DateUtilities;
+using Fennick::TimeUtilities;
+
+namespace {
+constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
+}
+
+TEST(DurationTexts, FollowTheLayoutOfTheirSize)
+{
+    const struct {
+        std::int64_t seconds;
+        const char* clock;
+        const char* hoursMinutes;
+        const char* full;
+        const char* compact;
+    } cases[] = {
+        {0, "00:00:00:00", "0h 0m", "00h 00m 00s", "0 s"},
+        {5, "00:00:00:05", "0h 0m", "00h 00m 05s", "05s"},
+        {59, "00:00:00:59", "0h 0m", "00h 00m 59s", "59s"},
+        {60, "00:00:01:00", "1m", "00h 01m 00s", "01m 00s"},
+        {65, "00:00:01:05", "1m", "00h 01m 05s", "01m 05s"},
+        {3'599, "00:00:59:59", "59m", "00h 59m 59s", "59m 59s"},
+        {3'600, "00:01:00:00", "1h 0m", "01h 00m 00s", "01h 00m 00s"},
+        {3'661, "00:01:01:01", "1h 1m", "01h 01m 01s", "01h 01m 01s"},
+        {86'399, "00:23:59:59", "23h 59m", "23h 59m 59s", "23h 59m 59s"},
+        {86'405, "01:00:00:05", "24h 0m", "00h 00m 05s", "05s"},
+        {90'000, "01:01:00:00", "25h 0m", "01h 00m 00s", "01h 00m 00s"},
+        {90'061, "01:01:01:01", "25h 1m", "01h 01m 01s", "01h 01m 01s"},
+        {8'640'000, "100:00:00:00", "2400h 0m", "00h 00m 00s", "0 s"},
+        {-5, "00:00:00:-5", "0h 0m", "00h 00m -5s", "-5s"},
+        {-65, "00:00:-1:-5", "-1m", "00h -1m -5s", "-1m -5s"},
+        {-90'061, "-1:-1:-1:-1", "-25h -1m", "-1h -1m -1s", "-1h -1m -1s"},
+        {least, "-106751991167300:-15:-30:-8", "-2562047788015215h -30m", "-15h -30m -8s", "-15h -30m -8s"},
+    };
+    for (const auto& given : cases) {
+        EXPECT_EQ(DateUtilities::clockText(given.seconds), given.clock);
+        EXPECT_EQ(DateUtilities::hoursMinutesText(given.seconds), given.hoursMinutes);
+        EXPECT_EQ(DateUtilities::hoursMinutesSecondsText(given.seconds, false), given.full);
+        EXPECT_EQ(DateUtilities::hoursMinutesSecondsText(given.seconds, true), given.compact);
+    }
+    EXPECT_EQ(DateUtilities::hoursMinutesText(std::nullopt), "0h 0m");
+}
+
+TEST(StopwatchText, ShowsThousandthsAndHoursOnlyWhenThereAreAny)
+{
+    const struct {
+        std::uint64_t nanoseconds;
+        const char* text;
+    } cases[] = {
+        {0, "00:00.000"},
+        {1, "00:00.000"},
+        {500'000'000, "00:00.500"},
+        {61'234'999'999, "01:01.234"},
+        {3'599'999'999'999, "59:59.999"},
+        {3'600'000'000'000, "01:00:00.000"},
+        {std::numeric_limits<std::uint64_t>::max(), "5124095:34:33.709"},
+    };
+    for (const auto& given : cases) EXPECT_EQ(TimeUtilities::stopwatchText(given.nanoseconds), given.text);
+}

@@ -1,0 +1,59 @@
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "platform/compression/Deflate.h"
+
+using namespace Platform;
+
+namespace {
+
+enum class Content { text, noise, zeros };
+
+Data made(std::size_t size, Content content)
+{
+    std::mt19937 random(static_cast<unsigned>(size));
+    Data bytes(size);
+    for (auto& byte : bytes) {
+        const auto next = static_cast<std::uint8_t>(random());
+        byte = content == Content::zeros ? 0 : content == Content::noise ? next : "etaoin shrdlu"[next % 13];
+    }
+    return bytes;
+}
+
+}  // namespace
+
+TEST(Deflate, ComesBackWholeAtEverySizeAroundAChunk)
+{
+    for (const std::size_t size : {1, 64, 65, 65'535, 65'536, 65'537, 400'001, 5'000'000}) {
+        for (const Content content : {Content::text, Content::noise, Content::zeros}) {
+            const Data bytes = made(size, content);
+            const auto stream = deflate(bytes);
+            ASSERT_TRUE(stream) << size;
+            EXPECT_EQ(inflate(*stream, Wrapper::none), bytes) << size;
+        }
+    }
+}
+
+TEST(Inflate, AnswersAbsenceForEveryCutAndForDamage)
+{
+    const Data stream = *deflate(made(3'000, Content::text));
+    for (std::size_t length = 0; length < stream.size(); ++length) {
+        EXPECT_FALSE(inflate(DataView(stream).first(length), Wrapper::none)) << length;
+    }
+    Data damaged = stream;
+    damaged[0] |= 7;  // a block of the reserved kind
+    EXPECT_FALSE(inflate(damaged, Wrapper::none));
+    EXPECT_FALSE(inflate(stream, Wrapper::zlibOrGzip));
+}
+
+TEST(Inflate, EndsABombAtItsCap)
+{
+    constexpr std::size_t size = 3'000'000;
+    const Data bomb = *deflate(made(size, Content::zeros));
+    EXPECT_LT(bomb.size(), 4'000u);
+    EXPECT_FALSE(inflate(bomb, Wrapper::none, size - 1));
+    EXPECT_FALSE(inflate(bomb, Wrapper::none, 100));
+    EXPECT_EQ(inflate(bomb, Wrapper::none, size).value_or(Data()).size(), size);
+    EXPECT_EQ(inflate(bomb, Wrapper::none, size + 1).value_or(Data()).size(), size);
+}
