@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <mutex>
 #include <utility>
@@ -26,6 +27,10 @@ public:
         return *slot.current;
     }
 
+    // Grows whenever an Override begins or ends, so that what was derived from
+    // the instance can be kept until then. Thread: any; free of locks.
+    static unsigned generation() { return generation_.load(std::memory_order_acquire); }
+
     // Puts another instance into the slot for a scope. Without an instance the
     // slot starts afresh: the next get() makes a new one.
     class [[nodiscard]] Override {
@@ -35,6 +40,7 @@ public:
             Slot& slot = theSlot();
             std::lock_guard lock(slot.mutex);
             previous_ = std::exchange(slot.current, std::move(instance));
+            ++generation_;
         }
         Override(const Override&) = delete;
         Override& operator=(const Override&) = delete;
@@ -44,6 +50,7 @@ public:
             Slot& slot = theSlot();
             std::lock_guard lock(slot.mutex);
             ended = std::exchange(slot.current, std::move(previous_));
+            ++generation_;
         }
 
     private:
@@ -61,6 +68,8 @@ private:
         static Slot& slot = *new Slot;  // never destroyed: threads may outlive main
         return slot;
     }
+
+    static inline std::atomic<unsigned> generation_{0};
 };
 
 }  // namespace Platform

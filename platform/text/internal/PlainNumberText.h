@@ -1,0 +1,35 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "platform/text/NumberText.h"
+
+namespace Platform {
+
+// What a locale writes around and between the digits of a number without grouping.
+struct NumberSymbols {
+    std::array<std::string, 10> digits;
+    std::string separator;
+    std::string prefix;
+    std::string suffix;
+    std::string negativePrefix;
+    std::string negativeSuffix;
+};
+
+// The cut or rounded magnitude of a number, scaled by ten to the digits' count.
+struct ScaledNumber {
+    std::uint64_t magnitude = 0;
+    bool isNegative = false;
+};
+
+// A real scaled to so many fraction digits by plain arithmetic; absent where that
+// could differ from rounding the shortest decimal that reads back.
+std::optional<ScaledNumber> scaled(double value, int fractionDigits, Rounding rounding);
+
+std::string plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
+                      int minimumFractionDigits);
+
+}  // namespace Platform

@@ -1,0 +1,121 @@
+#include <cmath>
+#include <limits>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "platform/text/Locale.h"
+#include "platform/text/NumberText.h"
+#include "platform/text/internal/NumberFormatter.h"
+#include "tests/fakes/FakeEnvironment.h"
+
+using namespace Platform;
+using Tests::ReplacedEnvironment;
+
+namespace {
+
+constexpr const char* testedLocales[] = {"en_US", "de_DE", "fr_FR", "ar_EG", "hi_IN", "en_US_POSIX", "sv_SE", "fa_IR"};
+
+NumberStyle fixed(int digits)
+{
+    return {static_cast<std::int16_t>(digits), static_cast<std::int16_t>(digits), Rounding::towardZero, false};
+}
+
+NumberStyle upTo(int digits)
+{
+    return {0, static_cast<std::int16_t>(digits), Rounding::halfEven, false};
+}
+
+// Numbers of every size, and those that sit on or beside a decimal, a half and a whole.
+double randomNumber(std::mt19937_64& random)
+{
+    const double wide = std::ldexp(static_cast<double>(random()), -static_cast<int>(random() % 120));
+    const double decimal = static_cast<double>(random() % 10'000'000) / std::pow(10.0, static_cast<int>(random() % 8));
+    double number = random() % 2 ? wide : decimal;
+    if (random() % 4 == 0) number = std::nextafter(number, random() % 2 ? 1e30 : -1e30);
+    return random() % 2 ? number : -number;
+}
+
+}  // namespace
+
+TEST(CurrentLocale, ComesFromTheFirstVariableThatIsSetAndNotEmpty)
+{
+    struct Row {
+        const char *all, *messages, *lang, *expected;
+    };
+    for (const Row& row : {Row{"de_DE.UTF-8", "fr_FR", "hi_IN", "de_DE"}, Row{"", "fr_FR@euro", "hi_IN", "fr_FR"},
+                           Row{"", "", "hi_IN.UTF-8", "hi_IN"}, Row{"", "", "", "en_US_POSIX"},
+                           Row{"C.UTF-8", "fr_FR", "fr_FR", "en_US_POSIX"}}) {
+        ReplacedEnvironment environment;
+        environment->set("LC_ALL", row.all);
+        environment->set("LC_MESSAGES", row.messages);
+        environment->set("LANG", row.lang);
+        EXPECT_EQ(currentLocaleName(), row.expected);
+    }
+}
+
+TEST(NumberText, FollowsTheLocaleAndTheStyle)
+{
+    struct Row {
+        const char* locale;
+        Number number;
+        NumberStyle style;
+        const char* expected;
+    };
+    const NumberStyle grouped{0, 0, Rounding::halfEven, true};
+    const double infinity = std::numeric_limits<double>::infinity();
+    for (const Row& row : {
+             Row{"en_US", 3.14159, fixed(2), "3.14"},
+             Row{"en_US", -2.999, fixed(2), "-2.99"},
+             Row{"en_US", 5, fixed(2), "5.00"},
+             Row{"en_US", 2.3, fixed(2), "2.30"},
+             Row{"en_US", 12.25, upTo(1), "12.2"},
+             Row{"en_US", 12.35, upTo(1), "12.4"},
+             Row{"en_US", 12.0, upTo(1), "12"},
+             Row{"en_US", 0.05, upTo(2), "0.05"},
+             Row{"en_US", -0.001, fixed(2), "-0.00"},
+             Row{"en_US", infinity, fixed(1), "∞"},
+             Row{"de_DE", 1234.5, fixed(2), "1234,50"},
+             Row{"ar_EG", 12.5, fixed(1), "١٢٫٥"},
+             Row{"en_US", 1234567, grouped, "1,234,567"},
+             Row{"hi_IN", 1234567, grouped, "12,34,567"},
+             Row{"en_US", std::numeric_limits<unsigned long>::max(), upTo(2), "18446744073709551615"},
+             Row{"en_US", std::numeric_limits<long>::min(), upTo(0), "-9223372036854775808"},
+         }) {
+        ReplacedEnvironment environment;
+        environment->set("LC_ALL", row.locale);
+        EXPECT_EQ(numberText(row.number, row.style), row.expected) << row.locale;
+    }
+    EXPECT_EQ(numberText(1.5, fixed(1000)), std::nullopt);
+    EXPECT_EQ(numberText(1.5, {2, 1, Rounding::halfEven, false}), std::nullopt);
+    EXPECT_EQ(numberText(0.5, fixed(999)).value().size(), 1001U);
+}
+
+TEST(NumberText, ArithmeticWritesWhatTheLibraryWrites)
+{
+    std::mt19937_64 random(20240229);
+    for (const char* locale : testedLocales) {
+        for (const NumberStyle& style : {fixed(0), fixed(1), fixed(2), fixed(6), fixed(14), upTo(1), upTo(2), upTo(5),
+                                         NumberStyle{1, 3, Rounding::halfEven, false}}) {
+            const NumberFormatter formatter(locale, style);
+            for (int count = 0; count < 1500; ++count) {
+                const double number = randomNumber(random);
+                ASSERT_EQ(formatter.text(number), formatter.libraryText(number)) << locale << " " << number;
+            }
+            for (const Number& number : {Number(-7), Number(0), Number(~0UL), Number(-0.0), Number(true)}) {
+                ASSERT_EQ(formatter.text(number), formatter.libraryText(number)) << locale;
+            }
+        }
+    }
+}
+
+TEST(NumberText, ArithmeticAnswersNearlyAlways)
+{
+    std::mt19937_64 random(7);
+    int answered = 0;
+    for (int count = 0; count < 10000; ++count) {
+        answered += scaled(static_cast<double>(random() % 1'000'000) / 997.0, 2, Rounding::towardZero).has_value();
+        answered += scaled(static_cast<double>(random() % 1'000'000) / 1000.0, 2, Rounding::halfEven).has_value();
+    }
+    EXPECT_GE(answered, 19990);
+}
