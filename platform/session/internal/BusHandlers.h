@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/session/internal/BusConnection.h"
+
+namespace Platform {
+
+// What somebody registered: one of the three functions is set.
+struct BusConnection::Handler {
+    bool isActive = true;
+    std::string interfaceOrPath;
+    std::string member;
+    SignalHandler signal;
+    CallHandler call;
+    std::function<void()> joined;
+};
+
+// A call whose reply has not come.
+struct BusConnection::PendingCall {
+    BusConnection* owner = nullptr;
+    std::string subject;
+    std::shared_ptr<bool> isAnswered;
+    Completion completion;
+    BusSlot slot;
+
+    // Nobody waits for it any longer.
+    Completion fail()
+    {
+        *isAnswered = true;
+        return std::move(completion);
+    }
+};
+
+}  // namespace Platform

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <algorithm>
+#include <atomic>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "platform/session/ObserverAction.h"
+
+namespace Platform {
+
+// The registrations of a notification centre, by name and in their order. A
+// filter says which notifications of the name a registration wants:
+// `bool accepts(const Notification&) const`.
+// Thread: one at a time, but for Registration::isActive.
+template <typename Filter>
+class ObserverTable {
+public:
+    struct Registration {
+        ObserverAction action;
+        Filter filter;
+        std::atomic<bool> isActive{true};
+    };
+    using Snapshot = std::vector<std::shared_ptr<Registration>>;
+
+    void add(const NotificationName& name, ObserverAction action, Filter filter)
+    {
+        removeGone(name);
+        byName_[name.text()].push_back(std::make_shared<Registration>(std::move(action), std::move(filter)));
+    }
+
+    void remove(const NotificationName& name, const std::shared_ptr<const void>& observer)
+    {
+        removeIf(name, [&](const Registration& registration) { return registration.action.isOf(observer); });
+    }
+
+    void removeGone(const NotificationName& name)
+    {
+        removeIf(name, [](const Registration& registration) { return registration.action.isGone(); });
+    }
+
+    // Who is to be called for a notification that comes now.
+    Snapshot matching(const Notification& notification) const
+    {
+        Snapshot found;
+        const auto named = byName_.find(notification.name.text());
+        if (named == byName_.end()) return found;
+        std::ranges::copy_if(named->second, std::back_inserter(found),
+                             [&](const auto& registration) { return registration->filter.accepts(notification); });
+        return found;
+    }
+
+    // Calls them in order, except who was removed meanwhile. False when one of the observers is gone.
+    static bool call(const Snapshot& snapshot, const Notification& notification)
+    {
+        bool allThere = true;
+        for (const auto& registration : snapshot) {
+            if (registration->isActive) allThere &= registration->action.call(notification);
+        }
+        return allThere;
+    }
+
+private:
+    template <typename Predicate>
+    void removeIf(const NotificationName& name, Predicate isOut)
+    {
+        const auto named = byName_.find(name.text());
+        if (named == byName_.end()) return;
+        std::erase_if(named->second, [&](const auto& registration) {
+            if (!isOut(*registration)) return false;
+            registration->isActive = false;
+            return true;
+        });
+        if (named->second.empty()) byName_.erase(named);
+    }
+
+    std::unordered_map<std::string, Snapshot> byName_;
+};
+
+}  // namespace Platform
