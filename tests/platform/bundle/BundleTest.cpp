@@ -1,0 +1,184 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "platform/bundle/Bundle.h"
+#include "platform/runtime/Shared.h"
+#include "tests/fakes/FakeEnvironment.h"
+#include "tests/support/TemporaryDirectory.h"
+
+using Platform::Bundle;
+using Platform::PropertyList;
+
+namespace {
+
+std::string plist(PropertyList::Dictionary entries)
+{
+    return *PropertyList(std::move(entries)).xml();
+}
+
+class BundleTest : public testing::Test {
+protected:
+    std::string makeBundle(const std::string& name, const std::string& info)
+    {
+        folder.write(name + "/Contents/Info.plist", info);
+        return folder / name;
+    }
+
+    // A table in each language that says which one it is.
+    void addTables(const std::string& resources, std::initializer_list<const char*> languages)
+    {
+        for (const std::string language : languages) {
+            const std::string base = resources + "/" + language + ".lproj/";
+            folder.write(base + "Localizable.strings", plist({{"language", language}, {language, "own"}}));
+            folder.write(base + "InfoPlist.strings", plist({{"CFBundleName", language}}));
+            folder.write(base + "page.txt", language);
+        }
+    }
+
+    Tests::TemporaryDirectory folder;
+    Tests::ReplacedEnvironment environment;
+};
+
+}  // namespace
+
+TEST_F(BundleTest, AnswersFromItsInformationDictionary)
+{
+    const std::string path =
+        makeBundle("A b'\"%41\né.app",
+                   plist({{"CFBundleIdentifier", "org.example.a"}, {"CFBundleExecutable", "run me"}, {"Count", 3}}));
+    const auto bundle = Bundle::open(path + "/");
+    EXPECT_EQ(bundle->bundlePath(), path);
+    EXPECT_EQ(bundle->bundleIdentifier(), "org.example.a");
+    EXPECT_EQ(bundle->executablePath(), path + "/Contents/MacOS/run me");
+    EXPECT_EQ(bundle->objectForInfoDictionaryKey("Count"), PropertyList(3));
+    EXPECT_FALSE(bundle->objectForInfoDictionaryKey("Missing"));
+    EXPECT_EQ(bundle->resourcePath(), path + "/Contents/Resources");
+}
+
+TEST_F(BundleTest, UnusableInformationReadsAsNone)
+{
+    std::string deep = "<plist version=\"1.0\">";
+    for (int i = 0; i < 200000; ++i) deep += "<array>";
+    const std::string good = plist({{"CFBundleIdentifier", "x"}, {"CFBundleExecutable", "x"}});
+    const std::vector<std::string> cases{
+        "",
+        good.substr(0, good.size() / 2),
+        deep,
+        *PropertyList(PropertyList::Array{"CFBundleIdentifier"}).binary(),
+        plist({{"CFBundleIdentifier", 5}, {"CFBundleExecutable", PropertyList::Array{}}}),
+        plist({{"CFBundleIdentifier", ""}, {"CFBundleExecutable", "../../../bin/sh"}}),
+    };
+    for (const auto& info : cases) {
+        const auto bundle = Bundle::open(makeBundle("Bad.app", info));
+        EXPECT_FALSE(bundle->bundleIdentifier()) << info.substr(0, 80);
+        EXPECT_FALSE(bundle->executablePath()) << info.substr(0, 80);
+    }
+    EXPECT_FALSE(Bundle::open(folder.makeFolder("Empty.app"))->bundleIdentifier());
+    EXPECT_FALSE(Bundle::open(folder / "Missing.app"));
+    EXPECT_FALSE(Bundle::open(folder.write("File.app", "x")));
+}
+
+TEST_F(BundleTest, ReadsABinaryInformationDictionary)
+{
+    const PropertyList info = PropertyList::Dictionary{{"CFBundleIdentifier", "org.example.binary"}};
+    EXPECT_EQ(Bundle::open(makeBundle("B.app", *info.binary()))->bundleIdentifier(), "org.example.binary");
+}
+
+TEST_F(BundleTest, TheUsersLanguageComesFirst)
+{
+    struct Case {
+        std::vector<std::pair<std::string, std::string>> variables;
+        std::string language;
+    };
+    const std::vector<Case> cases{
+        {{}, "en"},
+        {{{"LANG", "C"}}, "en"},
+        {{{"LANG", "de_DE.UTF-8"}}, "de"},
+        {{{"LANG", "pt_BR@latin"}}, "pt-BR"},
+        {{{"LANG", "de"}, {"LC_MESSAGES", "pt_PT"}}, "pt"},
+        {{{"LANG", "de"}, {"LC_MESSAGES", "pt"}, {"LC_ALL", "fr_FR"}}, "fr"},
+        {{{"LANG", "de"}, {"LC_ALL", ""}}, "de"},
+        {{{"LANG", "xx_YY"}}, "fr"},  // the development language
+    };
+    addTables("L.app/Contents/Resources", {"en", "de", "pt", "pt-BR", "fr"});
+    for (const auto& [variables, language] : cases) {
+        Tests::ReplacedEnvironment session;
+        for (const auto& [name, value] : variables) session->set(name, value);
+        const bool isForeign = session->variable("LANG") == "xx_YY";
+        makeBundle("L.app", plist({{"CFBundleName", "raw"}, {"CFBundleDevelopmentRegion", isForeign ? "fr" : "en"}}));
+        const auto bundle = Bundle::open(folder / "L.app");
+        EXPECT_EQ(bundle->localizedString("language"), language);
+        EXPECT_EQ(bundle->objectForInfoDictionaryKey("CFBundleName"), PropertyList(language));
+        EXPECT_EQ(Tests::contentOf(bundle->urlForResource("page", "txt")->path()), language);
+        EXPECT_EQ(bundle->localizedString("en"), "own") << "a farther language fills the gaps";
+    }
+}
+
+TEST_F(BundleTest, AMissingTranslationShowsTheDefaultElseTheKey)
+{
+    folder.write("T.app/Contents/Resources/Localizable.strings", "\"old\" = \"style\";");
+    const auto bundle = Bundle::open(folder / "T.app");
+    EXPECT_EQ(bundle->localizedString("old", "given"), "given");
+    EXPECT_EQ(bundle->localizedString("old"), "old");
+}
+
+TEST_F(BundleTest, ResourcesOfBothLayouts)
+{
+    folder.write("Deep.app/Contents/Resources/a.json", "");
+    folder.write("Flat.bundle/a.json", "");
+    folder.write("Flat.bundle/sub/b", "");
+    folder.write("Half.bundle/Resources/Info.plist", plist({{"CFBundleIdentifier", "half"}}));
+    folder.write("Half.bundle/Resources/a.json", "");
+    EXPECT_EQ(Bundle::open(folder / "Deep.app")->urlForResource("a", "json")->path(),
+              folder / "Deep.app/Contents/Resources/a.json");
+    const auto flat = Bundle::open(folder / "Flat.bundle");
+    EXPECT_EQ(flat->urlForResource("a", ".json")->path(), folder / "Flat.bundle/a.json");
+    EXPECT_EQ(flat->urlForResource("sub/b", "")->path(), folder / "Flat.bundle/sub/b");
+    EXPECT_TRUE(Bundle::open(folder / "Half.bundle")->urlForResource("a", "json"));
+    EXPECT_EQ(Bundle::open(folder / "Half.bundle")->bundleIdentifier(), "half");
+    for (const char* name : {"", "missing", "../Deep.app/Contents/Resources/a", "/etc/passwd"}) {
+        EXPECT_FALSE(flat->urlForResource(name, "")) << name;
+    }
+}
+
+TEST_F(BundleTest, MainIsTheInnermostFolderAroundTheProgram)
+{
+    struct Case {
+        const char* program;
+        const char* bundle;
+    };
+    const Tests::ReplacedSystemRoots roots(folder.path());
+    folder.makeFolder("proc/self");
+    for (const auto& [program, bundle] : {
+             Case{"/A.app/Contents/MacOS/a", "/A.app"},
+             Case{"/A.app/Contents/Library/LoginItems/B.app/Contents/MacOS/b",
+                  "/A.app/Contents/Library/LoginItems/B.app"},
+             Case{"/A.app/Contents/MacOS/gone (deleted)", "/A.app"},
+             Case{"/usr/bin/plain", "/usr/bin"},
+             Case{"/init", "/"},
+         }) {
+        const std::string link = folder / "proc/self/exe";
+        ::unlink(link.c_str());
+        ASSERT_EQ(::symlink(program, link.c_str()), 0);
+        const Platform::Shared<Bundle>::Override fresh;
+        EXPECT_EQ(Bundle::main().bundlePath(), bundle);
+        EXPECT_EQ(Bundle::main().executablePath(), std::string(program).substr(0, std::string(program).find(" (")));
+    }
+}
+
+TEST(BundleMain, OutsideAnyBundleIsTheFolderOfTheExecutable)
+{
+    const std::string executable = Bundle::main().executablePath().value_or("");
+    EXPECT_EQ(::access(executable.c_str(), X_OK), 0);
+    EXPECT_EQ(executable.substr(0, executable.rfind('/')), Bundle::main().bundlePath());
+}
+
+TEST(Package, EndingsDecideInAnyLetterCase)
+{
+    for (const char* name : {"A.app", "/x/A.APP/", "a.b.prefPane", ".x.kext"}) EXPECT_TRUE(Platform::isPackage(name));
+    for (const char* name : {"", "app", ".app", "A.apps", "A.app/x", "A.app.old", "/"}) {
+        EXPECT_FALSE(Platform::isPackage(name)) << name;
+    }
+    EXPECT_EQ(Platform::innermostPackage("/A.app/B.bundle/c"), "/A.app/B.bundle");
+    EXPECT_FALSE(Platform::innermostPackage("/x/A.app"));
+}

@@ -1,0 +1,216 @@
+#include <clocale>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "platform/bundle/PropertyList.h"
+#include "tests/support/TemporaryDirectory.h"
+
+using Platform::Date;
+using Platform::PropertyList;
+
+namespace {
+
+std::string xml(const std::string& body)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" + body + "</plist>\n";
+}
+
+std::string repeated(const std::string& text, int times)
+{
+    std::string all;
+    for (int i = 0; i < times; ++i) all += text;
+    return all;
+}
+
+std::string nestedArrays(int levels)
+{
+    return xml(repeated("<array>", levels) + repeated("</array>", levels));
+}
+
+std::string bytes(std::initializer_list<int> values)
+{
+    return std::string(values.begin(), values.end());
+}
+
+// A binary property list of the given objects (each at most 255 bytes in all), one-byte offsets and references.
+std::string binaryList(const std::vector<std::string>& objects)
+{
+    std::string list = "bplist00";
+    std::string offsets;
+    for (const auto& object : objects) {
+        offsets += static_cast<char>(list.size());
+        list += object;
+    }
+    const auto table = static_cast<int>(list.size());
+    return list + offsets + bytes({0, 0, 0, 0, 0, 0, 1, 1, 0, 0, 0, 0, 0, 0, 0, static_cast<int>(objects.size()),  //
+                                   0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, table});
+}
+
+std::string doublingArrays(int levels)
+{
+    std::vector<std::string> objects;
+    for (int i = 0; i + 1 < levels; ++i) objects.push_back(bytes({0xA2, i + 1, i + 1}));
+    objects.push_back("\x51x");
+    return binaryList(objects);
+}
+
+PropertyList sample()
+{
+    return PropertyList::Dictionary{
+        {"zulu", "an & <accented> é 😀"},
+        {"data", PropertyList::Data{0, 1, 255}},
+        {"whole", PropertyList::Array{0, -5, std::numeric_limits<std::int64_t>::min(),
+                                      std::numeric_limits<std::uint64_t>::max()}},
+        {"reals", PropertyList::Array{0.1, -2.5e-10, 1e300}},
+        {"yes", true},
+        {"dates", PropertyList::Array{Date(0), Date(1.6e9), Date::distantPast(), Date(4.7e9)}},
+        {"empty", PropertyList::Array{PropertyList::Dictionary{}, PropertyList::Array{}, "", PropertyList::Data{}}}};
+}
+
+}  // namespace
+
+TEST(PropertyListForms, BothKeepEveryKindOfValueAndTheOrderOfKeys)
+{
+    for (const auto& form : {sample().xml(), sample().binary()}) {
+        ASSERT_TRUE(form) << form.error().message();
+        const auto read = PropertyList::parse(*form);
+        ASSERT_TRUE(read) << read.error().message();
+        EXPECT_EQ(*read, sample());
+        EXPECT_EQ(read->dictionary()->begin()->first, "zulu");
+    }
+}
+
+TEST(PropertyListForms, RealsDoNotFollowTheLocale)
+{
+    for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8"}) {
+        if (std::setlocale(LC_ALL, name)) break;
+    }
+    const auto form = PropertyList(2.5).xml();
+    const auto read = PropertyList::parse(xml("<real>1.5</real>"));
+    std::setlocale(LC_ALL, "C");
+    EXPECT_NE(form->find("<real>2.5</real>"), std::string::npos);
+    EXPECT_EQ(read->real(), 1.5);
+}
+
+TEST(PropertyListForms, BinaryKeepsFractionsOfSeconds)
+{
+    const auto form = PropertyList(Date(1.6e9 + 0.25)).binary();
+    EXPECT_EQ(PropertyList::parse(*form)->date(), Date(1.6e9 + 0.25));
+}
+
+TEST(PropertyListForms, RefuseWhatTheyCannotHold)
+{
+    PropertyList deep = PropertyList::Array{};
+    for (int i = 0; i < 300; ++i) deep = PropertyList::Array{std::move(deep)};
+    const std::vector<std::pair<PropertyList, std::string>> cases{
+        {"\xff", "a text is not UTF-8"},
+        {std::string("a\0b", 3), "a text is not UTF-8"},
+        {PropertyList::Dictionary{{"\xed\xa0\x80", 1}}, "a key is not UTF-8"},
+        {Date(std::numeric_limits<double>::infinity()), "a date is not finite"},
+        {Date(1e300), "a date is out of range"},
+        {std::move(deep), "nested too deeply"}};
+    for (const auto& [value, reason] : cases) {
+        EXPECT_EQ(value.xml().error().reason, reason);
+        EXPECT_EQ(value.binary().error().reason, reason);
+    }
+}
+
+TEST(PropertyListReading, SaysWhatIsWrongWithTheBytes)
+{
+    const std::string whole = *sample().binary();
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"", "empty"},
+        {"{ old = style; }", "neither XML nor binary"},
+        {std::string("\xFF\xFE<\0?\0", 6), "neither XML nor binary"},
+        {xml("<string>\xC0\x80</string>"), "not UTF-8"},
+        {xml("<dict><key>a</key><string>b"), "</plist> closes nothing"},
+        {"<plist version=\"1.0\"><dict>", "the document ends inside <dict>"},
+        {"<plist><!-- ", "\"-->\" is missing"},
+        {"<plist", "a tag does not end"},
+        {"<plist><array <array>>", "a tag inside a tag"},
+        {"<!DOCTYPE plist [ <!ENTITY a \"b\"> ]><plist/>", "a tag inside a tag"},
+        {"<!DOCTYPE plist [ ]><plist/>", "a document type of its own"},
+        {xml("<array><string a=\"</array>\"/></array>"), "a tag inside a tag"},
+        {xml("<array a='>'></array>"), "an attribute where none belongs"},
+        {xml("<array><plist a=''/></array>"), "<plist> inside the document"},
+        {xml("<unknown/>"), "damaged"},
+        {nestedArrays(200000), "nested too deeply"},
+        {xml(repeated("<array><!-- </array> -->", 200000)), "nested too deeply"},
+        {xml(repeated("<array><string><![CDATA[</array>]]></string>", 200000)), "nested too deeply"},
+        {whole.substr(0, whole.size() - 1), "the trailer is damaged"},
+        {"bplist00", "the trailer is damaged"},
+        {binaryList({bytes({0xA1, 0})}), "an object contains itself"},
+        {binaryList({bytes({0xA1, 1}), bytes({0xA1, 0})}), "an object contains itself"},
+        {binaryList({bytes({0xA1, 9})}), "a reference leads nowhere"},
+        {binaryList({bytes({0x5F, 0x12, 0x7F, 0xFF, 0xFF, 0xFF})}), "an object reaches past its end"},
+        {binaryList({bytes({0x5F, 0x51})}), "an object is damaged"},
+        {doublingArrays(60), "too large once expanded"}};
+    for (const auto& [text, reason] : cases) {
+        const auto read = PropertyList::parse(text);
+        ASSERT_FALSE(read) << reason;
+        EXPECT_EQ(read.error().reason, reason) << text.substr(0, 60);
+    }
+}
+
+TEST(PropertyListReading, AcceptsTheDeepestAllowedNesting)
+{
+    EXPECT_TRUE(PropertyList::parse(nestedArrays(256)));
+    EXPECT_FALSE(PropertyList::parse(nestedArrays(257)));
+}
+
+TEST(PropertyListReading, SurvivesEveryDamagedByteOfABinaryList)
+{
+    const std::string whole = *sample().binary();
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+        for (const int flip : {0x01, 0x10, 0x80, 0xFF}) {
+            std::string damaged = whole;
+            damaged[i] = static_cast<char>(damaged[i] ^ flip);
+            const auto read = PropertyList::parse(damaged);
+            if (!read) continue;
+            const auto rewritten = read->binary();
+            EXPECT_TRUE(!rewritten || PropertyList::parse(*rewritten)) << i;
+        }
+        EXPECT_FALSE(PropertyList::parse(whole.substr(0, i)));
+    }
+}
+
+TEST(PropertyListReading, FileErrorsNameThePath)
+{
+    const Tests::TemporaryDirectory folder;
+    for (const auto& path : {folder / "missing", folder.path(), folder.write("bad", "x")}) {
+        const auto read = PropertyList::read(path);
+        ASSERT_FALSE(read);
+        EXPECT_NE(read.error().message().find(path), std::string::npos);
+    }
+}
+
+TEST(PropertyListValues, AnswerOnlyTheKindThatTheyAre)
+{
+    const PropertyList number = 7U;
+    EXPECT_EQ(number, PropertyList(7L));
+    EXPECT_EQ(number.integer(), 7);
+    EXPECT_EQ(number.number(), 7.0);
+    EXPECT_FALSE(number.boolean() || number.real() || number.text() || number.find("a"));
+    EXPECT_FALSE(PropertyList(-1).unsignedInteger());
+    EXPECT_FALSE(PropertyList(std::numeric_limits<std::uint64_t>::max()).integer());
+    EXPECT_NE(PropertyList(1), PropertyList(true));
+    EXPECT_NE(PropertyList(1), PropertyList(1.0));
+    EXPECT_NE(PropertyList(Date(1)), PropertyList(1.0));
+}
+
+TEST(PropertyListDictionary, SetsReplacesAndRemovesAtAnySize)
+{
+    for (const int size : {3, 23, 24, 25, 1000}) {
+        PropertyList::Dictionary entries;
+        for (int i = 0; i < size; ++i) entries.set(std::to_string(i), i);
+        entries.set("1", "new");
+        EXPECT_TRUE(entries.remove("0"));
+        EXPECT_FALSE(entries.remove("0"));
+        EXPECT_EQ(entries.size(), static_cast<std::size_t>(size - 1));
+        EXPECT_EQ(entries.begin()->first, "1");
+        EXPECT_EQ(*entries.find("1")->text(), "new");
+        EXPECT_EQ(entries.find(std::to_string(size - 1))->integer(), size - 1);
+        EXPECT_FALSE(entries.find("0"));
+    }
+}
