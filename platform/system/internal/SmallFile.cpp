@@ -1,0 +1,133 @@
+#include "platform/system/internal/SmallFile.h"
+
+#include <charconv>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "platform/runtime/FileDescriptor.h"
+
+namespace Platform {
+
+namespace {
+
+constexpr std::size_t mostBytes = 1 << 20;
+constexpr std::string_view whiteSpace = " \t\r\n\v\f";
+
+std::optional<std::string> readAll(int descriptor)
+{
+    std::string content;
+    char chunk[4096];
+    while (content.size() < mostBytes) {
+        const ssize_t count = ::read(descriptor, chunk, sizeof chunk);
+        if (count < 0) return std::nullopt;
+        if (count == 0) break;
+        content.append(chunk, static_cast<std::size_t>(count));
+    }
+    return content;
+}
+
+std::string unquoted(std::string_view value)
+{
+    const bool isQuoted = value.size() >= 2 && (value.front() == '"' || value.front() == '\'');
+    if (!isQuoted) return std::string(value);
+    const char quote = value.front();
+    std::string text;
+    for (std::size_t i = 1; i < value.size() && value[i] != quote; ++i) {
+        if (value[i] == '\\' && quote == '"' && i + 1 < value.size()) ++i;
+        text += value[i];
+    }
+    return text;
+}
+
+}  // namespace
+
+std::optional<std::string> readSmallFile(const std::string& path)
+{
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    return file ? readAll(file.get()) : std::nullopt;
+}
+
+std::optional<std::string> readLine(const std::string& path)
+{
+    const auto content = readSmallFile(path);
+    const std::string_view line = content ? trimmed(*content) : "";
+    if (line.empty()) return std::nullopt;
+    return std::string(line);
+}
+
+std::optional<long long> readNumber(const std::string& path)
+{
+    const auto content = readSmallFile(path);
+    return content ? parseNumber(trimmed(*content)) : std::nullopt;
+}
+
+std::optional<std::string> readWithin(const std::string& path, std::chrono::milliseconds time)
+{
+    struct Answer {
+        std::mutex mutex;
+        std::condition_variable arrived;
+        bool isReady = false;
+        std::optional<std::string> content;
+    };
+    const auto answer = std::make_shared<Answer>();
+    // A read that hangs in a driver cannot be interrupted, only left behind.
+    std::thread([answer, path] {
+        const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+        auto content = file ? readAll(file.get()) : std::nullopt;
+        std::lock_guard lock(answer->mutex);
+        answer->content = std::move(content);
+        answer->isReady = true;
+        answer->arrived.notify_one();
+    }).detach();
+    std::unique_lock lock(answer->mutex);
+    answer->arrived.wait_for(lock, time, [&] { return answer->isReady; });
+    return answer->content;
+}
+
+std::optional<std::string> shellValue(std::string_view content, std::string_view key)
+{
+    while (!content.empty()) {
+        const std::size_t end = std::min(content.find('\n'), content.size());
+        const std::string_view line = trimmed(content.substr(0, end));
+        content.remove_prefix(std::min(end + 1, content.size()));
+        const std::size_t equals = line.find('=');
+        if (equals != std::string_view::npos && line.substr(0, equals) == key) return unquoted(line.substr(equals + 1));
+    }
+    return std::nullopt;
+}
+
+std::optional<long long> parseNumber(std::string_view text)
+{
+    long long number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    return number;
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(whiteSpace);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(whiteSpace) - first + 1);
+}
+
+std::vector<std::string> entriesWithPrefix(const std::string& folder, std::string_view prefix)
+{
+    std::vector<std::string> names;
+    const std::unique_ptr<DIR, int (*)(DIR*)> directory(::opendir(folder.c_str()), &::closedir);
+    while (directory) {
+        const dirent* entry = ::readdir(directory.get());
+        if (!entry) break;
+        const std::string_view name = entry->d_name;
+        if (name.starts_with(prefix) && name != "." && name != "..") names.emplace_back(name);
+    }
+    return names;
+}
+
+}  // namespace Platform
