@@ -1,0 +1,197 @@
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "platform/runtime/FileDescriptor.h"
+#include "platform/system/IORegistry.h"
+#include "platform/system/Kernel.h"
+#include "platform/system/ProcessInfo.h"
+#include "tests/fakes/FakeEnvironment.h"
+#include "tests/support/TemporaryDirectory.h"
+
+using namespace Platform;
+using namespace std::string_literals;
+
+namespace {
+
+// A machine made of the files that a test lays out.
+class MachineTest : public testing::Test {
+protected:
+    Tests::TemporaryDirectory root;
+    Tests::ReplacedSystemRoots roots{root.path()};
+
+    void writeProcessors(int count, int threadsPerCore)
+    {
+        root.write("sys/devices/system/cpu/online", "0-" + std::to_string(count - 1) + "\n");
+        for (int i = 0; threadsPerCore > 0 && i < count; ++i) {
+            const std::string topology = "sys/devices/system/cpu/cpu" + std::to_string(i) + "/topology/";
+            root.write(topology + "core_id", std::to_string(i / threadsPerCore) + "\n");
+            root.write(topology + "physical_package_id", "0\n");
+        }
+    }
+
+    void writeZone(const std::string& name, const std::string& temperature)
+    {
+        const std::string zone = "sys/class/thermal/" + name + "/";
+        root.write(zone + "temp", temperature);
+        const std::vector<std::pair<const char*, const char*>> points{
+            {"active", "50000\n"}, {"passive", "70000\n"}, {"critical", "100000\n"}};
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            const std::string point = zone + "trip_point_" + std::to_string(i);
+            root.write(point + "_type", points[i].first + "\n"s);
+            root.write(point + "_temp", points[i].second);
+        }
+    }
+};
+
+std::string number(std::uint32_t value)
+{
+    return {reinterpret_cast<const char*>(&value), sizeof value};
+}
+
+}  // namespace
+
+TEST_F(MachineTest, VariablesHaveTheShapeOfTheirKindOrAreAbsent)
+{
+    struct Case {
+        const char* file;
+        std::string content;
+        const char* variable;
+        std::optional<std::string> bytes;
+    };
+    const Case cases[] = {
+        {"sys/class/dmi/id/product_name", "Workstation 9\n", "hw.model", "Workstation 9\0"s},
+        {"sys/class/dmi/id/product_name", "", "hw.model", std::nullopt},
+        {"proc/device-tree/model", "Board\0"s, "hw.model", "Board\0"s},
+        {"proc/cpuinfo", "processor\t: 0\nmodel name\t: Fast CPU @ 3 GHz\n", "machdep.cpu.brand_string",
+         "Fast CPU @ 3 GHz\0"s},
+        {"proc/cpuinfo", "model name", "machdep.cpu.brand_string", std::nullopt},
+        {"proc/cpuinfo", "\xff\x00\x01model"s, "machdep.cpu.brand_string", std::nullopt},
+        {"proc/sys/kernel/hostname", "box\n", "kern.hostname", "box\0"s},
+        {"etc/os-release", "NAME=x\nVERSION_ID=\"12\"\n", "kern.osproductversion", "12\0"s},
+        {"etc/os-release", "VERSION_IDENTITY=12", "kern.osproductversion", std::nullopt},
+        {"proc/stat", "cpu 1 2\nbtime 1700000000\n", "kern.boottime", number(1700000000) + std::string(12, '\0')},
+        {"proc/stat", "btime soon\n", "kern.boottime", std::nullopt},
+        {"proc/stat", "", "no.such.variable", std::nullopt},
+    };
+    for (const Case& item : cases) {
+        SCOPED_TRACE(item.content + " -> " + item.variable);
+        const Tests::TemporaryDirectory machine;
+        const Tests::ReplacedSystemRoots only(machine.path());
+        EXPECT_EQ(Kernel::shared().variable(item.variable), std::nullopt);  // nothing there yet
+        machine.write(item.file, item.content);
+        EXPECT_EQ(Kernel::shared().variable(item.variable), item.bytes);
+    }
+}
+
+TEST_F(MachineTest, CountsProcessorsOfAnyMachine)
+{
+    struct Case {
+        int logical;
+        int threadsPerCore;
+    };
+    for (const Case item : {Case{1, 1}, {8, 2}, {64, 2}, {4096, 0}}) {
+        SCOPED_TRACE(item.logical);
+        if (item.threadsPerCore == 0) root.write("sys/devices/system/cpu/cpu0/topology/core_id", "");
+        writeProcessors(item.logical, item.threadsPerCore);  // none: no topology, as in some containers
+        const auto cores = static_cast<std::uint32_t>(item.logical / std::max(item.threadsPerCore, 1));
+        EXPECT_EQ(Kernel::shared().variable("hw.logicalcpu"), number(static_cast<std::uint32_t>(item.logical)));
+        EXPECT_EQ(Kernel::shared().variable("hw.physicalcpu"), number(cores));
+        EXPECT_EQ(ProcessInfo::shared().activeProcessorCount(), item.logical);
+        EXPECT_EQ(Kernel::shared().hostBasicInfo().physical_cpu, static_cast<std::int32_t>(cores));
+    }
+}
+
+TEST_F(MachineTest, CountsProcessorsWithoutListsAndWithBrokenOnes)
+{
+    EXPECT_EQ(ProcessInfo::shared().activeProcessorCount(), 1);
+    root.write("proc/cpuinfo", "processor : 0\nvendor : x\nprocessor : 1\n");
+    EXPECT_EQ(ProcessInfo::shared().activeProcessorCount(), 2);
+    for (const char* list : {"", "x", "3-1", "0-99999999999", "-1", "0-3,", "1,,2"}) {
+        root.write("sys/devices/system/cpu/online", list);
+        EXPECT_EQ(Kernel::shared().hostBasicInfo().logical_cpu, list == "0-3,"s ? 4 : 2) << list;
+    }
+    root.write("sys/devices/system/cpu/online", "0-1,4,6-7");  // no topology: each is a core
+    EXPECT_EQ(Kernel::shared().hostBasicInfo().physical_cpu, 5);
+}
+
+TEST_F(MachineTest, ThermalStateIsThatOfTheWorstZone)
+{
+    EXPECT_EQ(ProcessInfo::shared().thermalState(), ThermalState::nominal);
+    struct Case {
+        const char* temperature;
+        ThermalState state;
+    };
+    const Case cases[] = {
+        {"49999\n", ThermalState::nominal}, {"50000\n", ThermalState::fair},  {"80000\n", ThermalState::serious},
+        {"100000", ThermalState::critical}, {"a lot", ThermalState::nominal}, {"", ThermalState::nominal},
+    };
+    writeZone("thermal_zone0", "20000\n");
+    for (const Case& item : cases) {
+        writeZone("thermal_zone1", item.temperature);
+        EXPECT_EQ(ProcessInfo::shared().thermalState(), item.state) << item.temperature;
+    }
+}
+
+TEST_F(MachineTest, ASensorThatBlocksLeavesTheOthersToAnswer)
+{
+    writeZone("thermal_zone0", "80000\n");
+    writeZone("thermal_zone1", "");
+    const std::string stuck = root / "sys/class/thermal/thermal_zone1/temp";
+    ::unlink(stuck.c_str());
+    ASSERT_EQ(::mkfifo(stuck.c_str(), 0600), 0);
+
+    EXPECT_EQ(ProcessInfo::shared().thermalState(), ThermalState::serious);
+
+    const FileDescriptor release(::open(stuck.c_str(), O_RDWR | O_CLOEXEC));  // lets the reader that was left behind go
+}
+
+TEST_F(MachineTest, NamesTheSystemAndTheComputer)
+{
+    EXPECT_EQ(ProcessInfo::shared().operatingSystemVersionString(), "Version");
+    root.write("etc/os-release", "# a comment\nPRETTY_NAME=\"Debian \\\"stable\\\" 12\"\n");
+    EXPECT_EQ(ProcessInfo::shared().operatingSystemVersionString(), "Version Debian \"stable\" 12");
+    root.write("etc/machine-info", "ICON_NAME=computer\nPRETTY_HOSTNAME='Ada\xE2\x80\x99s box'\n");
+    EXPECT_EQ(ProcessInfo::shared().computerName(), "Ada\xE2\x80\x99s box");
+}
+
+TEST_F(MachineTest, RegistryHoldsTheFirmwaresOwnBytes)
+{
+    const IORegistry& registry = IORegistry::shared();
+    EXPECT_TRUE(registry.servicesNamed("cpu").empty());
+    EXPECT_EQ(registry.entryAtPath(kIOMainPortDefault, "IOService:/AppleARMPE/product"), nullptr);
+    const auto machine = registry.serviceOfClass(kIOMainPortDefault, "IOPlatformExpertDevice");
+    ASSERT_TRUE(machine);
+    EXPECT_EQ(machine->property("IOPlatformSerialNumber"), std::nullopt);
+
+    root.write("proc/device-tree/cpus/cpu@0/compatible", "apple,icestorm\0arm,v8\0"s);
+    root.write("proc/device-tree/cpus/cpu@1/reg", "\x01\x02"s);
+    root.write("proc/device-tree/model", "A board\0"s);
+    root.write("proc/device-tree/serial-number", "ABC123\0"s);
+    const auto processors = registry.servicesNamed("cpu");
+    ASSERT_EQ(processors.size(), 2U);
+    EXPECT_EQ(processors[0]->property("compatible"), IOProperty(IOBytes{"apple,icestorm\0arm,v8\0"s}));
+    EXPECT_EQ(processors[1]->property("compatible"), std::nullopt);
+    EXPECT_EQ(processors[1]->property("../../model"), std::nullopt);
+    EXPECT_EQ(machine->property("IOPlatformSerialNumber"), IOProperty("ABC123"s));
+    const auto product = registry.entryAtPath(kIOMainPortDefault, "IOService:/AppleARMPE/product");
+    ASSERT_TRUE(product);
+    EXPECT_EQ(product->property("product-description"), IOProperty(IOBytes{"A board\0"s}));
+}
+
+TEST(RealMachine, AnswersWithPlausibleFacts)
+{
+    EXPECT_GT(ProcessInfo::shared().physicalMemory(), 1U << 24);
+    EXPECT_GE(ProcessInfo::shared().activeProcessorCount(), 1);
+    EXPECT_FALSE(Kernel::shared().machine().empty());
+    EXPECT_GT(Kernel::shared().rawUptimeSeconds().value_or(0), 0);
+    const auto boot = Kernel::shared().variable(bootTimeVariable);
+    ASSERT_TRUE(boot);
+    EXPECT_EQ(boot->size(), 16U);
+    EXPECT_EQ(Kernel::shared().variable(std::initializer_list<int>{1, 99}), std::nullopt);
+}
