@@ -1,0 +1,267 @@
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <functional>
+
+#include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/inotify.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "platform/bundle/UserDefaults.h"
+#include "platform/runtime/FileDescriptor.h"
+#include "tests/fakes/CapturingLog.h"
+#include "tests/fakes/FakeEnvironment.h"
+#include "tests/support/TemporaryDirectory.h"
+
+namespace Platform {
+namespace {
+
+class UserDefaultsTest : public testing::Test {
+protected:
+    UserDefaultsTest() : environment(home.path()) {}
+
+    std::shared_ptr<UserDefaults> open(std::string_view name = "org.example.suite")
+    {
+        return UserDefaults::suite(name);
+    }
+
+    std::vector<std::string> filesKeptAside() const
+    {
+        std::vector<std::string> kept;
+        for (const auto& file : std::filesystem::directory_iterator(home / ".config/user-defaults")) {
+            if (file.path().string().find(".plist.corrupt-") != std::string::npos) kept.push_back(file.path());
+        }
+        return kept;
+    }
+
+    Tests::TemporaryDirectory home;
+    Tests::ReplacedEnvironment environment;
+    Tests::ReplacedLog log;
+};
+
+// Runs the work in a process of its own; its exit code, or 128 and the signal's number.
+class Fork {
+public:
+    explicit Fork(const std::function<int()>& work) : pid_(::fork())
+    {
+        if (pid_ == 0) ::_exit(work());
+    }
+    ~Fork() { wait(); }
+
+    void kill() { ::kill(pid_, SIGKILL); }
+    int wait()
+    {
+        int status = 0;
+        if (pid_ > 0 && ::waitpid(pid_, &status, 0) == pid_) {
+            code_ = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+        }
+        pid_ = -1;
+        return code_;
+    }
+
+private:
+    pid_t pid_;
+    int code_ = -1;
+};
+
+TEST_F(UserDefaultsTest, EveryKindOfValueIsReadBackByAnotherOpener)
+{
+    const PropertyList::Data bytes = {0, 255, 7};
+    const std::vector<std::string> list = {"a", "", "ü"};
+    const auto writer = open();
+    writer->set("text", "täxt");
+    writer->set("bytes", bytes);
+    writer->set("date", Date(1700000000.25));
+    writer->set("count", -7);
+    writer->set("ratio", 0.5);
+    writer->set("flag", true);
+    writer->setStringArray("list", list);
+    writer->set("mixed", PropertyList::Array{"a", 1});
+    writer->set("gone", 1);
+    writer->remove("gone");
+
+    const auto reader = open();
+    EXPECT_EQ(reader->string("text"), "täxt");
+    EXPECT_EQ(reader->data("bytes"), bytes);
+    EXPECT_EQ(reader->date("date"), Date(1700000000.25));
+    EXPECT_EQ(reader->integer("count"), -7);
+    EXPECT_EQ(reader->number("ratio"), 0.5);
+    EXPECT_EQ(reader->boolean("flag"), true);
+    EXPECT_EQ(reader->stringArray("list"), list);
+    EXPECT_EQ(reader->stringArray("mixed"), std::nullopt);
+    EXPECT_EQ(reader->string("count"), std::nullopt);
+    EXPECT_EQ(reader->value("gone"), std::nullopt);
+    EXPECT_EQ(reader->keys().size(), 8u);
+}
+
+TEST_F(UserDefaultsTest, SuitesOfAnyNameStayApartAndInTheirFolder)
+{
+    const std::vector<std::string> names = {"a", "A", "", "..", "../a", ".hidden", "a/b", "ü x", "a.plist"};
+    for (const auto& name : names) open(name)->set("name", name);
+    for (const auto& name : names) {
+        EXPECT_EQ(open(name)->string("name"), name);
+        EXPECT_EQ(std::filesystem::path(open(name)->path()).parent_path(), home / ".config/user-defaults");
+    }
+}
+
+TEST_F(UserDefaultsTest, ChangeByAnotherOpenerIsSeenAndReadingWithoutOneTouchesNoFile)
+{
+    const auto reader = open();
+    const auto writer = open();
+    for (int i = 0; i < 20; ++i) {
+        writer->set("turn", i);
+        EXPECT_EQ(reader->integer("turn"), i);
+    }
+
+    const FileDescriptor notes(::inotify_init1(IN_NONBLOCK));
+    ::inotify_add_watch(notes.get(), reader->path().c_str(), IN_ACCESS | IN_OPEN);
+    for (int i = 0; i < 100; ++i) EXPECT_EQ(reader->integer("turn"), 19);
+    char note[4096];
+    EXPECT_EQ(::read(notes.get(), note, sizeof note), -1) << "the file was opened";
+    std::filesystem::remove(reader->path());
+    EXPECT_EQ(reader->integer("turn"), std::nullopt);
+}
+
+TEST_F(UserDefaultsTest, SurvivesBeingKilledAtAnyInstantOfASave)
+{
+    int total = 0;
+    for (int round = 0; total < 500; ++round) {
+        int pipe[2];
+        ASSERT_EQ(::pipe(pipe), 0);
+        Fork saver([&] {
+            const auto defaults = open();
+            for (int i = total + 1;; ++i) {
+                defaults->set("saved", i);
+                if (::write(pipe[1], &i, sizeof i) != sizeof i) return 1;
+            }
+        });
+        ::close(pipe[1]);
+        int saved = 0;
+        // Some saves, then an end at an instant that nobody chose.
+        const int last = total + 5 + (round * 37) % 30;
+        while (saved < last && ::read(pipe[0], &saved, sizeof saved) == sizeof saved) continue;
+        saver.kill();
+        while (::read(pipe[0], &saved, sizeof saved) == sizeof saved) continue;
+        ::close(pipe[0]);
+        ASSERT_EQ(saver.wait(), 128 + SIGKILL);
+
+        const auto found = open()->integer("saved");
+        ASSERT_TRUE(found.has_value());
+        ASSERT_TRUE(*found == saved || *found == saved + 1) << *found << " after " << saved;
+        total = static_cast<int>(*found);
+    }
+    EXPECT_TRUE(filesKeptAside().empty());
+    EXPECT_EQ(log->messages(), std::vector<std::string>());
+}
+
+TEST_F(UserDefaultsTest, DamagedFileIsKeptAsideAndTold)
+{
+    open()->set("one", PropertyList::Array{"text", 1, Date(5)});
+    open()->set("two", 2);
+    const std::string path = open()->path();
+    const std::string whole = Tests::contentOf(path);
+    std::vector<std::string> damaged = {"<plist><array/></plist>", "not a list", std::string(100'000, '\0')};
+    for (std::size_t length = 0; length < whole.size(); ++length) damaged.push_back(whole.substr(0, length));
+
+    for (const auto& content : damaged) {
+        home.write(".config/user-defaults/org.example.suite.plist", content);
+        log->clear();
+        const auto defaults = open();
+        ASSERT_TRUE(defaults->keys().empty()) << content.size();
+        defaults->set("new", 1);
+        ASSERT_EQ(open()->keys(), std::vector<std::string>{"new"});
+        const auto kept = filesKeptAside();
+        ASSERT_EQ(kept.size(), 1u) << content.size();
+        ASSERT_EQ(Tests::contentOf(kept.front()), content);
+        ASSERT_EQ(log->count("damaged"), 1u);
+        std::filesystem::remove(kept.front());
+    }
+}
+
+TEST_F(UserDefaultsTest, WritersInSeveralProcessesLoseNoKey)
+{
+    std::vector<std::unique_ptr<Fork>> writers;
+    constexpr int writerCount = 4;
+    constexpr int keyCount = 50;
+    for (int writer = 0; writer < writerCount; ++writer) {
+        writers.push_back(std::make_unique<Fork>([&] {
+            const auto defaults = open();
+            for (int i = 0; i < keyCount; ++i) defaults->set(std::to_string(writer) + "-" + std::to_string(i), i);
+            return 0;
+        }));
+    }
+    for (auto& writer : writers) EXPECT_EQ(writer->wait(), 0);
+    EXPECT_EQ(open()->keys().size(), static_cast<std::size_t>(writerCount * keyCount));
+    EXPECT_EQ(log->messages(), std::vector<std::string>());
+}
+
+TEST_F(UserDefaultsTest, ForeignKeysAndValuesStay)
+{
+    const PropertyList::Dictionary inner = {{"deep", PropertyList::Array{1.5, true}}};
+    const auto xml = PropertyList(PropertyList::Dictionary{{"newer", inner}, {"count", 1}}).xml();
+    home.write(".config/user-defaults/org.example.suite.plist", *xml);
+    open()->set("count", 2);
+    EXPECT_EQ(open()->value("newer"), PropertyList(inner));
+    EXPECT_EQ(open()->integer("count"), 2);
+}
+
+TEST_F(UserDefaultsTest, ValueThatCannotBeStoredDoesNotHinderTheOthers)
+{
+    const auto defaults = open();
+    defaults->set("bad", std::string("\xff\xfe"));
+    defaults->set("good", 1);
+    EXPECT_EQ(log->count("\"bad\" cannot be stored"), 1u);
+    EXPECT_EQ(open()->keys(), std::vector<std::string>{"good"});
+}
+
+// A disk of 128 KB where this process may mount one, else a limit on file sizes.
+void fillDisk(const std::string& folder)
+{
+    const int spaces = CLONE_NEWNS | (::geteuid() == 0 ? 0 : CLONE_NEWUSER);
+    std::filesystem::create_directories(folder);
+    if (::unshare(spaces) == 0 && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+        ::mount("none", folder.c_str(), "tmpfs", 0, "size=128k") == 0) {
+        return;
+    }
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{128 << 10, RLIM_INFINITY};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+TEST_F(UserDefaultsTest, FullDiskKeepsTheOldFileAndTheNewValueInMemory)
+{
+    Fork process([&] {
+        fillDisk(home / ".config/user-defaults");
+        const auto defaults = open();
+        defaults->set("small", 1);
+        defaults->set("large", std::string(200'000, 'x'));
+        const auto other = open();
+        const bool isOldOnDisk = other->integer("small") == 1 && !other->value("large");
+        const bool isNewInMemory = defaults->string("large").has_value();
+        const bool isTold = log->count("write") == 1;
+        defaults->set("large", "short");
+        defaults->remove("small");
+        const bool isSavedLater = other->string("large") == "short" && !other->value("small");
+        return isOldOnDisk && isNewInMemory && isTold && isSavedLater ? 0 : 1;
+    });
+    EXPECT_EQ(process.wait(), 0);
+}
+
+TEST_F(UserDefaultsTest, FolderThatCannotBeMadeIsToldAndTriedAgain)
+{
+    home.write(".config", "a file in the way");
+    const auto defaults = open();
+    defaults->set("key", 1);
+    EXPECT_EQ(defaults->integer("key"), 1);
+    EXPECT_EQ(log->count("mkdir"), 1u);
+    std::filesystem::remove(home / ".config");
+    defaults->set("other", 2);
+    EXPECT_EQ(open()->integer("key"), 1);
+}
+
+}  // namespace
+}  // namespace Platform
