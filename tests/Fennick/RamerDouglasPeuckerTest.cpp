@@ -43,7 +43,7 @@ std::string textOf(const Points& points)
 // Series that tie, repeat, return to their start, reach the limits of the type or are no numbers.
 Points randomSeries(std::mt19937& random)
 {
-    const std::size_t count = 1 + random() % (random() % 8 == 0 ? 3'000 : 60);
+    const std::size_t count = 1 + random() % (random() % 40 == 0 ? 2'000 : 60);
     const int kind = static_cast<int>(random() % 8);
     const double scale = std::pow(10.0, kind == 5 ? static_cast<int>(random() % 620) - 320 : 0);
     Points points;

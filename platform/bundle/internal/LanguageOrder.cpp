@@ -16,6 +16,14 @@ std::string localeName()
     return "";
 }
 
+// Chinese is kept by its script, which locale names leave to the region.
+std::vector<std::string> scriptsOf(const std::string& language, const std::string& region)
+{
+    if (language != "zh") return {};
+    const bool isTraditional = region == "TW" || region == "HK" || region == "MO";
+    return {isTraditional ? "zh-Hant" : "zh-Hans"};
+}
+
 }  // namespace
 
 std::vector<std::string> userLanguages()
@@ -24,10 +32,13 @@ std::vector<std::string> userLanguages()
     const bool isPlain = name.find_first_of("/") == std::string::npos;
     if (name.empty() || name == "C" || name == "POSIX" || !isPlain) return {};
     const std::size_t separator = name.find_first_of("_-");
-    if (separator == std::string::npos) return {name};
     const std::string language = name.substr(0, separator);
-    const std::string region = name.substr(separator + 1);
-    return {language + "-" + region, language + "_" + region, language};
+    const std::string region = separator == std::string::npos ? "" : name.substr(separator + 1);
+    std::vector<std::string> languages = scriptsOf(language, region);
+    languages.push_back(language);
+    if (region.empty()) return languages;
+    languages.insert(languages.begin(), {language + "-" + region, language + "_" + region});
+    return languages;
 }
 
 }  // namespace Platform

@@ -1,0 +1,98 @@
+#include <set>
+
+#include <gtest/gtest.h>
+
+#include "Fennick/Bundle.h"
+#include "Fennick/LocalizedText.h"
+#include "Fennick/resource_bundle_accessor.h"
+#include "Lorrel/resource_bundle_accessor.h"
+#include "platform/runtime/Shared.h"
+#include "tests/fakes/FakeEnvironment.h"
+#include "tests/support/TemporaryDirectory.h"
+
+using Platform::Bundle;
+
+namespace {
+
+constexpr const char* locales[] = {"en_US", "de_DE", "fr_FR", "es_ES", "it_IT", "ru_RU", "ar_EG", "ja_JP", "zh_CN"};
+
+std::shared_ptr<Bundle> bundleWith(const Tests::TemporaryDirectory& folder, const std::string& pairs)
+{
+    folder.write("T.bundle/en.lproj/Localizable.strings", "<plist version=\"1.0\"><dict>" + pairs + "</dict></plist>");
+    return Bundle::open(folder / "T.bundle");
+}
+
+}  // namespace
+
+TEST(LocalizedText, ShowsTheKeyUnlessTheTextKeepsItsPromise)
+{
+    const struct {
+        const char* text;
+        const char* plain;
+        const char* number;
+        const char* argument;
+    } cases[] = {
+        {"plain 100%%", "plain 100%", "K", "K"},
+        {"%ld s", "K", "-7 s", "K"},
+        {"%d", "K", "-7", "K"},
+        {"in %1$lld%%", "K", "in -7%", "K"},
+        {"at %@!", "K", "K", "at 5%d!"},
+        {"%1$@", "K", "K", "5%d"},
+        {"%ld of %ld", "K", "K", "K"},
+        {"%@ %ld", "K", "K", "K"},
+        {"%s", "K", "K", "K"},
+        {"%", "K", "K", "K"},
+        {"%2$@", "K", "K", "K"},
+        {"%n", "K", "K", "K"},
+    };
+    for (const auto& given : cases) {
+        const Tests::TemporaryDirectory folder;
+        const auto bundle = bundleWith(folder, std::string("<key>K</key><string>") + given.text + "</string>");
+        EXPECT_EQ(Fennick::localizedText(*bundle, "K"), given.plain) << given.text;
+        EXPECT_EQ(Fennick::localizedText(*bundle, "K", -7), given.number) << given.text;
+        EXPECT_EQ(Fennick::localizedText(*bundle, "K", "5%d"), given.argument) << given.text;
+        EXPECT_EQ(Fennick::localizedText(*bundle, "MISSING", 1), "MISSING");
+    }
+}
+
+TEST(ResourceTables, HoldEveryKeyInEveryLanguage)
+{
+    std::set<std::string> yesterdays;
+    for (const char* const locale : locales) {
+        Tests::ReplacedEnvironment environment;
+        environment->set("LANG", std::string(locale) + ".UTF-8");
+        const Platform::Shared<Fennick::Resources::Found>::Override fennickAfresh;
+        const Platform::Shared<Lorrel::Resources::Found>::Override lorrelAfresh;
+        for (const char* const key : {"AGO_SECONDS", "AGO_MINUTES", "HOURS_AGO", "DAYS_AGO"}) {
+            const std::string text = Fennick::Resources::text(key, 42);
+            EXPECT_NE(text.find("42"), std::string::npos) << locale << key;
+        }
+        for (const char* const key : {"TODAY_AT", "YESTERDAY_AT"}) {
+            EXPECT_NE(Fennick::Resources::text(key, "9:41").find("9:41"), std::string::npos) << locale << key;
+        }
+        for (const char* const key : {"ONE_MINUTE_AGO", "ONE_HOUR_AGO", "YESTERDAY"}) {
+            EXPECT_NE(Fennick::Resources::text(key), key) << locale;
+        }
+        for (const char* const key : {"UNKNOWN_COMPUTER_NAME", "NO", "YES", "CANCEL", "ALLOW"}) {
+            EXPECT_NE(Lorrel::Resources::text(key), key) << locale;
+        }
+        EXPECT_EQ(Lorrel::Resources::text("UNKNOWN_MACOS_VERSION"), "Linux") << locale;
+        yesterdays.insert(Fennick::Resources::text("YESTERDAY"));
+    }
+    EXPECT_EQ(yesterdays.size(), std::size(locales));
+}
+
+TEST(BundleTexts, FallBackWhereTheDictionaryHasNoText)
+{
+    const Tests::TemporaryDirectory folder;
+    folder.write("A.bundle/Info.plist",
+                 "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key><string>2.10</string>"
+                 "<key>CFBundleName</key><string>Ada</string></dict></plist>");
+    folder.write(
+        "B.bundle/Info.plist",
+        "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key><integer>2</integer></dict></plist>");
+    EXPECT_EQ(Fennick::shortVersion(*Bundle::open(folder / "A.bundle")), "2.10");
+    EXPECT_EQ(Fennick::bundleName(*Bundle::open(folder / "A.bundle")), "Ada");
+    EXPECT_EQ(Fennick::shortVersion(*Bundle::open(folder / "B.bundle")), "Unknown Version");
+    EXPECT_EQ(Fennick::bundleName(*Bundle::open(folder / "B.bundle")), "Unknown App");
+}
