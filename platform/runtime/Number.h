@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bit>
 #include <concepts>
 #include <cstdint>
 #include <type_traits>
@@ -48,6 +49,16 @@ public:
             bits_.whole = static_cast<std::int64_t>(value);
         }
     }
+
+    // From what kind() and bits() gave, for storage that keeps them apart.
+    static Number fromBits(Kind kind, std::uint64_t bits)
+    {
+        Number number;
+        number.kind_ = kind;
+        number.bits_ = std::bit_cast<decltype(bits_)>(bits);
+        return number;
+    }
+    std::uint64_t bits() const { return std::bit_cast<std::uint64_t>(bits_); }
 
     Kind kind() const { return kind_; }
     bool isFloatingPoint() const { return kind_ >= Kind::float32; }

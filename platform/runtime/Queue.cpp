@@ -1,0 +1,287 @@
+#include "platform/runtime/Queue.h"
+
+#include <chrono>
+
+#include "platform/runtime/FatalError.h"
+#include "platform/runtime/RunLoop.h"
+#include "platform/runtime/internal/ReaderSlots.h"
+#include "platform/runtime/internal/WorkerPool.h"
+
+// How readers and writers meet. A reader marks a slot of its thread and then
+// looks whether the queue is closed; a writer closes the queue and then looks at
+// the slots. Both steps are sequentially consistent, so one of them sees the
+// other. A reader that finds the queue closed takes back its mark and stands in
+// line like everybody else. Whoever has the drain role lets the line advance: a
+// background thread, or a thread that stands in line itself.
+
+namespace Platform {
+
+namespace {
+
+constexpr int tasksPerTurn = 256;
+constexpr int spinsBeforeSleep = 50;
+// A reader's leaving is announced, but it may look for sleepers a moment too
+// early; so sleep is short and looks again.
+constexpr auto longestSleep = std::chrono::milliseconds(1);
+
+class GlobalExecutor final : public Executor {
+    void async(std::function<void()> block) override { WorkerPool::shared().post(std::move(block)); }
+};
+
+class MainExecutor final : public Executor {
+    void async(std::function<void()> block) override
+    {
+        RunLoop::main().post([block = std::move(block)] { runLogged(block, "the main queue"); });
+    }
+};
+
+}  // namespace
+
+std::shared_ptr<Queue> Queue::create(std::string label, Kind kind)
+{
+    return std::shared_ptr<Queue>(new Queue(std::move(label), kind));
+}
+
+Queue::~Queue() = default;
+
+Executor& Queue::global()
+{
+    static Executor& executor = *new GlobalExecutor;
+    return executor;
+}
+
+Executor& Queue::main()
+{
+    static Executor& executor = *new MainExecutor;
+    return executor;
+}
+
+void Queue::TaskList::destroyAll()
+{
+    while (first_) delete std::exchange(first_, first_->next);
+}
+
+void Queue::append(Task& task)
+{
+    (last_ ? last_->next : first_) = &task;
+    last_ = &task;
+    if (!isClosed_.load(std::memory_order_relaxed)) isClosed_ = true;
+}
+
+Queue::Task& Queue::takeFirst()
+{
+    Task& task = *first_;
+    first_ = std::exchange(task.next, nullptr);
+    if (!first_) last_ = nullptr;
+    return task;
+}
+
+void Queue::submit(Task* task)
+{
+    const Lock lock(mutex_);
+    append(*task);
+    if (!isDraining_) schedule();
+}
+
+void Queue::schedule()
+{
+    if (std::exchange(isScheduled_, true)) return;
+    WorkerPool::shared().post([self = shared_from_this()] { self->work(); });
+}
+
+void Queue::work()
+{
+    TaskList ended;
+    Lock lock(mutex_);
+    isScheduled_ = false;
+    if (isDraining_ || !first_) return;
+    isDraining_ = true;
+    drain(nullptr, ended, lock);
+    release();
+}
+
+// Waits for the turn of a task that stands in line. A thread that is inside no
+// queue runs what is pending before it rather than wake another thread; one that
+// is must not, because the blocks could use the queue around it.
+void Queue::awaitTurn(Task& waiting, TaskList& ended, Lock& lock)
+{
+    append(waiting);
+    const bool mayHelp = first_ == &waiting || !threadRecord.innermost;
+    if (!isDraining_ && mayHelp) {
+        isDraining_ = true;
+        drain(&waiting, ended, lock);
+        release();
+    } else if (!isDraining_) {
+        schedule();
+    }
+    changed_.wait(lock, [&] { return waiting.isGranted; });
+}
+
+// Advances the line up to `stop`, to a thread that wants to run alone, or for
+// one turn's share.
+void Queue::drain(const Task* stop, TaskList& ended, Lock& lock)
+{
+    bool slotsAreClear = kind_ == Kind::serial;
+    for (int count = 0; first_ && first_ != stop && (stop || count < tasksPerTurn); ++count) {
+        if (first_->form == Form::waitingExclusive) return;
+        if (first_->form == Form::exclusive) awaitReaders(slotsAreClear, lock);
+        Task& task = takeFirst();
+        switch (task.form) {
+            case Form::waitingParallel:
+            case Form::waitingExclusive:
+                grant(task);
+                break;
+            case Form::parallel:
+                startParallel(task);
+                break;
+            case Form::exclusive:
+                runExclusive(task, lock);
+                ended.add(&task);
+                break;
+        }
+    }
+}
+
+// Ends the caller's drain role: lets in whoever is next in line, passes the role
+// to a thread that wants to run alone, or to a background thread.
+void Queue::release()
+{
+    while (first_ && first_->form == Form::waitingParallel) grant(takeFirst());
+    if (first_ && first_->form == Form::waitingExclusive) return grant(takeFirst());
+    isDraining_ = false;
+    if (first_) return schedule();
+    isClosed_ = false;
+}
+
+void Queue::grant(Task& waiting)
+{
+    if (waiting.form == Form::waitingParallel) ++parallelUses_;
+    waiting.isGranted = true;
+    changed_.notify_all();
+}
+
+// While the queue is closed nobody enters by a slot, so slots once seen clear stay so.
+void Queue::awaitReaders(bool& slotsAreClear, Lock& lock)
+{
+    for (int spins = 0; parallelUses_ > 0 || !slotsAreClear; ++spins) {
+        if (!slotsAreClear) slotsAreClear = !isMarkedBySlots(this);
+        if (slotsAreClear && parallelUses_ == 0) break;
+        if (parallelUses_ == 0 && spins < spinsBeforeSleep) {
+            __builtin_ia32_pause();
+            continue;
+        }
+        isAwaited_ = true;
+        changed_.wait_for(lock, longestSleep);
+    }
+    isAwaited_ = false;
+}
+
+void Queue::runExclusive(Task& task, Lock& lock)
+{
+    lock.unlock();
+    runInside(task);
+    lock.lock();
+}
+
+void Queue::startParallel(Task& task)
+{
+    ++parallelUses_;
+    WorkerPool::shared().post([self = shared_from_this(), &task] { self->runParallel(task); });
+}
+
+void Queue::runParallel(Task& task)
+{
+    const std::unique_ptr<Task> owned(&task);
+    runInside(task);
+    endParallelUse();
+}
+
+void Queue::runInside(Task& task)
+{
+    const InsideQueue inside{this, threadRecord.innermost};
+    threadRecord.innermost = &inside;
+    runLogged([&task] { task.run(); }, label_.c_str());
+    threadRecord.innermost = inside.outer;
+}
+
+void Queue::endParallelUse()
+{
+    const Lock lock(mutex_);
+    --parallelUses_;
+    changed_.notify_all();
+}
+
+void Queue::noticeLeaving()
+{
+    const Lock lock(mutex_);
+    changed_.notify_all();
+}
+
+void Queue::checkNotInside() const
+{
+    for (const InsideQueue* inside = threadRecord.innermost; inside; inside = inside->outer) {
+        if (inside->queue == this) {
+            fatalError("Synchronous use of queue " + label_ + " from inside itself.", "platform/runtime/Queue");
+        }
+    }
+}
+
+Queue::ParallelUse::ParallelUse(Queue& queue) : queue_(queue), inside_{&queue, threadRecord.innermost}
+{
+    if (inside_.outer) queue_.checkNotInside();
+    if (!marksSlot()) {
+        Task waiting(Form::waitingParallel);
+        Lock lock(queue_.mutex_);
+        queue_.awaitTurn(waiting, ended_, lock);
+    }
+    threadRecord.innermost = &inside_;
+}
+
+bool Queue::ParallelUse::marksSlot()
+{
+    ThreadRecord& record = threadRecord;
+    cell_ = record.freeCell();
+    if (!cell_) return false;
+    cell_->store(&queue_);
+    if (!queue_.isClosed_) {
+        ++record.usedCells;
+        return true;
+    }
+    cell_->store(nullptr, std::memory_order_release);
+    cell_ = nullptr;
+    if (queue_.isAwaited_.load(std::memory_order_relaxed)) queue_.noticeLeaving();
+    return false;
+}
+
+Queue::ParallelUse::~ParallelUse()
+{
+    ThreadRecord& record = threadRecord;
+    record.innermost = inside_.outer;
+    if (!cell_) {
+        queue_.endParallelUse();
+        return;
+    }
+    --record.usedCells;
+    cell_->store(nullptr, std::memory_order_release);
+    if (queue_.isAwaited_.load(std::memory_order_relaxed)) queue_.noticeLeaving();
+}
+
+Queue::ExclusiveUse::ExclusiveUse(Queue& queue) : queue_(queue), inside_{&queue, threadRecord.innermost}
+{
+    queue_.checkNotInside();
+    Task waiting(Form::waitingExclusive);
+    Lock lock(queue_.mutex_);
+    queue_.awaitTurn(waiting, ended_, lock);
+    bool slotsAreClear = queue_.kind_ == Kind::serial;
+    queue_.awaitReaders(slotsAreClear, lock);
+    threadRecord.innermost = &inside_;
+}
+
+Queue::ExclusiveUse::~ExclusiveUse()
+{
+    threadRecord.innermost = inside_.outer;
+    const Lock lock(queue_.mutex_);
+    queue_.release();
+}
+
+}  // namespace Platform

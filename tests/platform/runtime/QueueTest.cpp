@@ -1,0 +1,236 @@
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/runtime/Queue.h"
+#include "platform/runtime/RunLoop.h"
+#include "platform/runtime/Semaphore.h"
+#include "tests/fakes/CapturingLog.h"
+
+using namespace Platform;
+using namespace std::chrono_literals;
+
+namespace {
+
+using Kind = Queue::Kind;
+
+class QueueOfKind : public testing::TestWithParam<Kind> {
+protected:
+    std::shared_ptr<Queue> queue = Queue::create("tested", GetParam());
+};
+
+INSTANTIATE_TEST_SUITE_P(Both, QueueOfKind, testing::Values(Kind::serial, Kind::concurrent));
+
+template <typename Body>
+void onThreads(int count, const Body& body)
+{
+    std::vector<std::jthread> threads;
+    for (int at = 0; at < count; ++at) threads.emplace_back([&body, at] { body(at); });
+}
+
+}  // namespace
+
+TEST_P(QueueOfKind, RunsBarriersInOrderAndReadsSeeWhatTheirThreadWrote)
+{
+    std::vector<int> order;
+    for (int at = 0; at < 1000; ++at) {
+        queue->asyncBarrier([&order, at] { order.push_back(at); });
+        if (at % 7 != 0) continue;
+        ASSERT_EQ(queue->sync([&] { return order.back(); }), at);
+    }
+    queue->syncBarrier([&] { order.push_back(1000); });
+    ASSERT_EQ(order.size(), 1001U);
+    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+}
+
+TEST_P(QueueOfKind, NeverRunsAnAsynchronousBlockInsideTheSubmittingCall)
+{
+    const auto here = std::this_thread::get_id();
+    std::atomic<bool> isSubmitting = false;
+    std::atomic<int> insideCount = 0;
+    for (int at = 0; at < 200; ++at) {
+        isSubmitting = true;
+        queue->asyncBarrier([&] { insideCount += isSubmitting && std::this_thread::get_id() == here; });
+        isSubmitting = false;
+        if (at % 3 == 0) queue->sync([] {});
+    }
+    queue->syncBarrier([] {});
+    EXPECT_EQ(insideCount, 0);
+}
+
+TEST_P(QueueOfKind, KeepsBarriersAloneUnderEveryMixOfUse)
+{
+    long value = 0;  // guarded by the queue; the sanitizer watches
+    std::atomic<long> expected = 0;
+    std::atomic<int> torn = 0;
+    onThreads(8, [&](int thread) {
+        for (int count = 0; count < 3000; ++count) {
+            switch ((count + thread) % 5) {
+                case 0:
+                    queue->asyncBarrier([&] { ++value; });
+                    ++expected;
+                    break;
+                case 1:
+                    queue->syncBarrier([&] { ++value; });
+                    ++expected;
+                    break;
+                default:
+                    torn += queue->sync([&] { return value < 0; });
+            }
+        }
+    });
+    EXPECT_EQ(queue->sync([&] { return value; }), expected);
+    EXPECT_EQ(torn, 0);
+}
+
+TEST_P(QueueOfKind, LogsWhatAsynchronousBlocksThrowAndThrowsTheOthersToTheirCaller)
+{
+    Tests::ReplacedLog logged;
+    queue->asyncBarrier([] { throw std::runtime_error("first"); });
+    queue->asyncBarrier([] { throw 7; });
+    EXPECT_THROW(queue->sync([] { throw std::logic_error("mine"); }), std::logic_error);
+    EXPECT_THROW(queue->syncBarrier([] { throw std::logic_error("mine"); }), std::logic_error);
+    EXPECT_EQ(queue->sync([] { return 5; }), 5);
+    EXPECT_EQ(logged->count("tested"), 2U);
+    EXPECT_EQ(logged->count("first"), 1U);
+}
+
+TEST_P(QueueOfKind, EndsTheProcessWhenUsedSynchronouslyFromInside)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_DEATH(queue->sync([&] { queue->sync([] {}); }), "Fatal error: Synchronous use of queue tested");
+    EXPECT_DEATH(queue->syncBarrier([&] { queue->sync([] {}); }), "Synchronous use");
+    EXPECT_DEATH(
+        {
+            queue->asyncBarrier([&] { queue->syncBarrier([] {}); });
+            queue->sync([] {});
+        },
+        "Synchronous use");
+}
+
+TEST_P(QueueOfKind, LivesUntilItsPendingBlocksHaveRun)
+{
+    Semaphore gate(0);
+    Semaphore done(0);
+    const std::weak_ptr<Queue> released = queue;
+    queue->asyncBarrier([&] { gate.waitFor(10s); });
+    queue->asyncBarrier([&, held = std::make_shared<int>(3)] { done.signal(); });
+    queue.reset();
+    EXPECT_FALSE(released.expired());
+    gate.signal();
+    EXPECT_TRUE(done.waitFor(10s));
+}
+
+TEST(ConcurrentQueue, RunsReadsAndPlainBlocksInParallel)
+{
+    const auto queue = Queue::create("parallel", Kind::concurrent);
+    Semaphore readInside(0);
+    Semaphore blockInside(0);
+    queue->async([&] {
+        blockInside.signal();
+        EXPECT_TRUE(readInside.waitFor(10s));
+    });
+    queue->sync([&] {
+        readInside.signal();
+        EXPECT_TRUE(blockInside.waitFor(10s));
+    });
+    int afterwards = 0;
+    queue->asyncBarrier([&] { afterwards = 1; });
+    EXPECT_EQ(queue->sync([&] { return afterwards; }), 1);
+}
+
+TEST(ConcurrentQueue, LetsABarrierWaitForAReaderAndLaterReadersForTheBarrier)
+{
+    const auto queue = Queue::create("barrier", Kind::concurrent);
+    Semaphore isReading(0);
+    Semaphore mayLeave(0);
+    std::atomic<bool> readerHasLeft = false;
+    std::jthread reader([&] {
+        queue->sync([&] {
+            isReading.signal();
+            EXPECT_TRUE(mayLeave.waitFor(10s));
+            readerHasLeft = true;
+        });
+    });
+    ASSERT_TRUE(isReading.waitFor(10s));
+    bool wasAlone = false;
+    queue->asyncBarrier([&] { wasAlone = readerHasLeft; });
+    mayLeave.signal();
+    EXPECT_TRUE(queue->sync([&] { return wasAlone; }));
+}
+
+// A read that is nested in another queue's block must not run that queue's
+// pending blocks, which may use the outer queue themselves.
+TEST(ConcurrentQueue, LeavesPendingBlocksToAnotherThreadWhileInsideAQueue)
+{
+    const auto outer = Queue::create("outer", Kind::concurrent);
+    const auto inner = Queue::create("inner", Kind::concurrent);
+    int seen = 0;
+    const int read = outer->sync([&] {
+        inner->asyncBarrier([&] { seen = outer->sync([] { return 9; }); });
+        return inner->sync([&] { return seen; });
+    });
+    EXPECT_EQ(read, 9);
+}
+
+TEST(ConcurrentQueue, ServesMoreThreadsAndDeeperNestingThanThereAreSlots)
+{
+    std::vector<std::shared_ptr<Queue>> queues;
+    for (int at = 0; at < 7; ++at) queues.push_back(Queue::create("nested", Kind::concurrent));
+    int writes = 0;
+    std::function<void(std::size_t)> nest = [&](std::size_t depth) {
+        if (depth < queues.size()) queues[depth]->sync([&] { nest(depth + 1); });
+    };
+    onThreads(80, [&](int thread) {
+        for (int count = 0; count < 20; ++count) nest(0);
+        if (thread % 8 == 0) queues[6]->asyncBarrier([&] { ++writes; });
+    });
+    EXPECT_EQ(queues[6]->sync([&] { return writes; }), 10);
+}
+
+TEST(SharedExecutors, RunBlocksOnBackgroundThreadsAndOnTheMainLoop)
+{
+    Tests::ReplacedLog logged;
+    RunLoop& loop = RunLoop::main();
+    std::thread::id global;
+    std::thread::id main;
+    bool isDone = false;
+    Queue::global().async([&] {
+        global = std::this_thread::get_id();
+        Queue::main().async([&] {
+            main = std::this_thread::get_id();
+            isDone = true;
+            throw std::runtime_error("lost");
+        });
+    });
+    EXPECT_TRUE(loop.runUntil([&] { return isDone; }, 10s));
+    EXPECT_EQ(main, std::this_thread::get_id());
+    EXPECT_NE(global, main);
+    EXPECT_EQ(logged->count("lost"), 1U);
+}
+
+TEST(Semaphore, CountsAndGivesUpInTime)
+{
+    Semaphore semaphore(2);
+    semaphore.wait();
+    EXPECT_TRUE(semaphore.waitFor(1ms));
+    EXPECT_FALSE(semaphore.waitFor(1ms));
+    semaphore.signal();
+    EXPECT_TRUE(semaphore.waitFor(10s));
+    int guarded = 0;
+    semaphore.signal();
+    onThreads(8, [&](int) {
+        for (int count = 0; count < 2000; ++count) {
+            while (!semaphore.waitFor(std::chrono::microseconds(count % 50))) {
+            }
+            ++guarded;
+            semaphore.signal();
+        }
+    });
+    EXPECT_EQ(guarded, 16000);
+}
