@@ -1,0 +1,106 @@
+#include "platform/ui/ImageCodec.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QImageReader>
+#include <QImageWriter>
+#include <cmath>
+
+#include "platform/ui/Image.h"
+#include "platform/ui/internal/Containers.h"
+#include "platform/ui/internal/QtDrawing.h"
+
+namespace Platform {
+namespace {
+
+// A picture file has at most that many bytes.
+constexpr qint64 largestFile = 512LL << 20;
+
+QByteArray qtBytes(Bytes content)
+{
+    return QByteArray::fromRawData(reinterpret_cast<const char*>(content.data()),
+                                   static_cast<qsizetype>(content.size()));
+}
+
+Bytes bytesOf(const QByteArray& content)
+{
+    return std::as_bytes(std::span(content.constData(), std::size_t(content.size())));
+}
+
+// The reader's own limit counts memory in megabytes; ours counts pixels, and is asked before any is decoded.
+QImage read(QImageReader& reader)
+{
+    QImageReader::setAllocationLimit(0);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (size.isValid() && !Bitmap::isPossible(size.width(), size.height())) return {};
+    QImage image;
+    // A file that breaks off is no picture: false although part of it may stand in the image.
+    return reader.read(&image) ? image : QImage();
+}
+
+Bitmap decodePicture(Bytes content)
+{
+    QByteArray bytes = qtBytes(content);
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    return bitmapOf(read(reader));
+}
+
+Bitmap decode(Bytes content)
+{
+    if (isIconSet(content)) return decodeIconSet(content, &decodePicture);
+    if (isHeif(content)) return decodeHeif(content);
+    return decodePicture(content);
+}
+
+QByteArray contentOf(const Url& file)
+{
+    QFile source(QString::fromStdString(file.path()));
+    if (!file.isFileUrl() || !source.open(QIODevice::ReadOnly)) return {};
+    // Only regular files tell their size; others may never end.
+    if (source.isSequential() || source.size() > largestFile) return {};
+    return source.readAll();
+}
+
+}  // namespace
+
+ImageRef decodeImage(Bytes content)
+{
+    Bitmap bitmap = decode(content);
+    return bitmap.isEmpty() ? nullptr : std::make_shared<Image>(std::move(bitmap));
+}
+
+ImageRef decodeImageFile(const Url& file)
+{
+    return decodeImage(bytesOf(contentOf(file)));
+}
+
+std::optional<Bitmap> decodeImageFile(const Url& file, int width, int height)
+{
+    if (!Bitmap::isPossible(width, height)) return std::nullopt;
+    QByteArray content = contentOf(file);
+    QBuffer buffer(&content);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    if (reader.format() == "svg" || reader.format() == "svgz") reader.setScaledSize({width, height});
+    const Bitmap bitmap = reader.canRead() ? bitmapOf(read(reader)) : decode(bytesOf(content));
+    if (bitmap.width() == width && bitmap.height() == height) return bitmap;
+    return Image(bitmap).bitmap(width, height);
+}
+
+std::optional<std::vector<std::byte>> encodePng(const Bitmap& bitmap)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, "png");
+    if (bitmap.isEmpty() || !writer.write(imageView(bitmap))) return std::nullopt;
+    const Bytes content = bytesOf(bytes);
+    return std::vector<std::byte>(content.begin(), content.end());
+}
+
+}  // namespace Platform
