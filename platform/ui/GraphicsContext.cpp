@@ -217,6 +217,11 @@ void GraphicsContext::draw(const Bitmap& bitmap, const Rect& part, const Rect& t
     painter.setOpacity(state_->look.opacity);
 }
 
+void GraphicsContext::clip(const BezierPath& path)
+{
+    state_->painter.setClipPath(qtPath(path), Qt::IntersectClip);
+}
+
 Size GraphicsContext::pixelsPerPoint() const
 {
     const QTransform& transform = state_->painter.worldTransform();

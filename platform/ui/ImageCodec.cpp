@@ -39,8 +39,19 @@ QImage read(QImageReader& reader)
     return reader.read(&image) ? image : QImage();
 }
 
+// The JPEG reader fills what is missing of a file with grey and calls that a
+// success. A whole file ends with the end mark; an embedded preview's stands in the first half.
+bool isBrokenOffJpeg(Bytes content)
+{
+    const std::string_view text(reinterpret_cast<const char*>(content.data()), content.size());
+    if (!text.starts_with("\xff\xd8")) return false;
+    const std::size_t end = text.rfind("\xff\xd9");
+    return end == std::string_view::npos || end < text.size() / 2;
+}
+
 Bitmap decodePicture(Bytes content)
 {
+    if (isBrokenOffJpeg(content)) return {};
     QByteArray bytes = qtBytes(content);
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);

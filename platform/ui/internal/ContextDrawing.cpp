@@ -62,9 +62,9 @@ void ContextAccess::draw(GraphicsContext& context, const QImage& image, const QR
     if (own.size() != pixels) own = own.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     if (own.isNull()) return;
     own.convertTo(QImage::Format_ARGB32_Premultiplied);
-    QImage& canvas = canvas(context);
+    QImage& whole = canvas(context);
     const bool isPlain = isCopy && pen.opacity() == 1 && !pen.hasClipping();
-    if (isPlain && isWhole(device, canvas.size()) && own.size() == canvas.size()) return copyPixels(own, canvas);
+    if (isPlain && isWhole(device, whole.size()) && own.size() == whole.size()) return copyPixels(own, whole);
     drawScaled(pen, own, device);
 }
 

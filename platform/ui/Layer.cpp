@@ -1,0 +1,50 @@
+#include "platform/ui/Layer.h"
+
+#include "platform/ui/Image.h"
+
+namespace Platform {
+
+void Layer::addSublayer(LayerRef layer)
+{
+    if (layer && layer.get() != this) sublayers_.push_back(std::move(layer));
+}
+
+void Layer::removeSublayer(const LayerRef& layer)
+{
+    std::erase(sublayers_, layer);
+}
+
+void Layer::render(GraphicsContext& context) const
+{
+    context.saveState();
+    context.multiplyOpacity(opacity_);
+    const Rect bounds{{}, frame_.size};
+    const BezierPath outline = BezierPath::roundedRect(bounds, cornerRadius_, cornerRadius_);
+    if (backgroundColor_) {
+        context.setFillColor(*backgroundColor_);
+        context.fill(outline);
+    }
+    if (masksToBounds_) context.clip(outline);
+    renderContent(context);
+    context.restoreState();
+}
+
+void Layer::renderContent(GraphicsContext& context) const
+{
+    GraphicsContext::Current scope(&context);
+    if (contents_) contents_->draw({{}, frame_.size}, {}, CompositingOperation::sourceOver, 1);
+    if (drawing_) {
+        context.saveState();
+        drawing_(context, frame_.size);
+        context.restoreState();
+    }
+    for (const LayerRef& layer : sublayers_) {
+        if (layer->isHidden_) continue;
+        context.saveState();
+        context.translate(layer->frame_.origin.x, layer->frame_.origin.y);
+        layer->render(context);
+        context.restoreState();
+    }
+}
+
+}  // namespace Platform

@@ -1,0 +1,116 @@
+#include <gtest/gtest.h>
+
+#include "platform/runtime/Shared.h"
+#include "platform/ui/ImageCodec.h"
+#include "platform/ui/icons/IconTheme.h"
+#include "platform/ui/icons/Symbols.h"
+#include "tests/platform/ui/Pixels.h"
+#include "tests/support/TemporaryDirectory.h"
+
+using namespace Platform;
+
+namespace {
+
+class IconThemes : public testing::Test {
+protected:
+    void addIcon(const std::string& path, int side, std::uint32_t pixel)
+    {
+        const auto png = *encodePng(*Tests::plainImage(side, side, pixel)->bitmap());
+        folder.write(path, {reinterpret_cast<const char*>(png.data()), png.size()});
+    }
+    std::uint32_t pixelOf(const ImageRef& icon) { return icon ? icon->bitmap()->pixel(2, 2) : 0; }
+
+    void SetUp() override
+    {
+        folder.write(
+            "a/Main/index.theme",
+            "[Icon Theme]\nName=Main\nInherits=Parent, Main\nDirectories=16,48, big\n"
+            "[16]\nSize=16\n[48]\nSize=48\nType=Fixed\n[big]\nSize=64\nType=Scalable\nMinSize=60\nMaxSize=512\n");
+        folder.write("a/Parent/index.theme", "[Icon Theme]\nInherits=Main\nDirectories=16\n[16]\nSize=16\n");
+        folder.write("a/hicolor/index.theme", "[Icon Theme]\nDirectories=16\n[16]\nSize=16\n");
+        addIcon("a/Main/16/app.png", 16, 0xff000016);
+        addIcon("a/Main/48/app.png", 48, 0xff000048);
+        addIcon("b/Main/big/app.png", 64, 0xff000064);
+        addIcon("a/Parent/16/only-parent.png", 16, 0xff0000aa);
+        addIcon("a/hicolor/16/fallback.png", 16, 0xff0000bb);
+        addIcon("b/loose.png", 16, 0xff0000cc);
+        folder.write("a/Main/16/broken.png", "not a picture");
+    }
+
+    Tests::TemporaryDirectory folder;
+    IconTheme theme{{folder / "a", folder / "b"}, "Main"};
+};
+
+TEST_F(IconThemes, ChooseTheNearestSizeThenTheParentThenHicolorThenLooseFiles)
+{
+    const struct {
+        const char* name;
+        int pixels;
+        std::uint32_t pixel;
+    } cases[] = {{"app", 16, 0xff000016},      {"app", 18, 0xff000016},
+                 {"app", 48, 0xff000048},      {"app", 256, 0xff000064},
+                 {"app", 33, 0xff000048},      {"only-parent", 16, 0xff0000aa},
+                 {"fallback", 16, 0xff0000bb}, {"loose", 16, 0xff0000cc},
+                 {"missing", 16, 0},           {"broken", 16, 0},
+                 {"../16/app", 16, 0},         {"", 16, 0}};
+    for (const auto& each : cases) {
+        const ImageRef icon = theme.icon(each.name, each.pixels);
+        EXPECT_EQ(pixelOf(icon), each.pixel) << each.name << " " << each.pixels;
+        if (icon) {
+            EXPECT_EQ(icon->size(), (Size{double(each.pixels), double(each.pixels)})) << each.name;
+        }
+    }
+}
+
+TEST_F(IconThemes, RememberWhatWasLookedUp)
+{
+    const ImageRef first = theme.icon("app", 16);
+    EXPECT_EQ(theme.icon(std::vector<std::string>{"missing", "app"}, 16), first);
+}
+
+TEST(Symbols, EachDrawsSomethingInEveryWeightAndSize)
+{
+    for (const std::string& name : symbolNames()) {
+        const ImageRef symbol = systemSymbol(name);
+        ASSERT_TRUE(symbol) << name;
+        EXPECT_TRUE(symbol->isTemplate());
+        EXPECT_EQ(symbol->size(), (Size{17, 17}));
+        std::uint32_t ink = 0;
+        for (const auto& row : Tests::rowsOf(symbol)) {
+            for (const std::uint32_t pixel : row) ink += pixel >> 24;
+        }
+        EXPECT_GT(ink, 17u * 255) << name;
+    }
+    EXPECT_FALSE(systemSymbol("no.such.symbol"));
+}
+
+TEST(Symbols, HeavierWeightsHaveMoreInkAndConfigurationsAddUp)
+{
+    const auto inkOf = [](FontWeight weight) {
+        std::uint32_t ink = 0;
+        const auto image = systemSymbol("plus")->withSymbolConfiguration({.pointSize = 40, .weight = weight});
+        for (const auto& row : Tests::rowsOf(image)) {
+            for (const std::uint32_t pixel : row) ink += pixel >> 24;
+        }
+        return ink;
+    };
+    EXPECT_LT(inkOf(FontWeight::thin), inkOf(FontWeight::regular));
+    EXPECT_LT(inkOf(FontWeight::regular), inkOf(FontWeight::black));
+    const auto red = systemSymbol("circle.fill")->withSymbolConfiguration({.tint = Color::calibratedRGB(1, 0, 0)});
+    const auto large = red->withSymbolConfiguration({.pointSize = 80});
+    EXPECT_EQ(large->size(), (Size{100, 100}));
+    EXPECT_EQ(large->bitmap()->pixel(50, 50), 0xffff0000);
+    EXPECT_FALSE(large->isTemplate());
+}
+
+TEST(Symbols, HierarchicalColorPalesTheLesserParts)
+{
+    const Color blue = Color::calibratedRGB(0, 0, 1);
+    const auto folder =
+        systemSymbol("plus.circle")->withSymbolConfiguration({.pointSize = 96, .hierarchicalColor = blue});
+    const Bitmap pixels = *folder->bitmap();
+    EXPECT_EQ(pixels.pixel(60, 60), 0xff0000ff);
+    EXPECT_NEAR(int(pixels.pixel(60, 12) >> 24), 128, 2);
+}
+
+}  // namespace
