@@ -21,12 +21,12 @@ enum class FontWeight { ultraLight, thin, light, regular, medium, semibold, bold
 
 // How a symbol is to be shown; what is absent stays as it was.
 struct SymbolConfiguration {
-    std::optional<double> pointSize;
-    std::optional<FontWeight> weight;
+    std::optional<double> pointSize{};
+    std::optional<FontWeight> weight{};
     // Laid over all opaque parts; the image is then no template.
-    std::optional<Color> tint;
+    std::optional<Color> tint{};
     // Main parts in this colour, the others in paler shades of it; then no template either.
-    std::optional<Color> hierarchicalColor;
+    std::optional<Color> hierarchicalColor{};
 
     // The other one's settings, where it has them, in place of these.
     SymbolConfiguration applying(const SymbolConfiguration& other) const;

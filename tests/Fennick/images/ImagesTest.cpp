@@ -130,7 +130,7 @@ TEST_F(LayerImages, FramesThatNoBitmapCanHave)
 {
     layer.setFrame(Rect::of(0, 0, 0, 4));
     EXPECT_FALSE(Fennick::snapshot(layer)->bitmap());
-    for (const double side : {std::nan(""), INFINITY, 1e7}) {
+    for (const double side : {std::nan(""), double(INFINITY), 1e7}) {
         layer.setFrame(Rect::of(0, 0, side, 4));
         EXPECT_DEATH(Fennick::snapshot(layer), "Fennick/Layer: Fatal error: The layer's frame");
     }
