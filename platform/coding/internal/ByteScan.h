@@ -1,0 +1,51 @@
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+namespace Platform {
+
+// Eight bytes of text looked at in one word; in each answer the lowest marked
+// byte is exact, those above it may be marked by a borrow.
+namespace ByteScan {
+
+static_assert(std::endian::native == std::endian::little, "the lowest byte of a word is the first of the text");
+
+constexpr std::uint64_t ones = 0x0101010101010101;
+constexpr std::uint64_t highs = 0x8080808080808080;
+
+inline std::uint64_t load(const char* text)
+{
+    std::uint64_t word;
+    std::memcpy(&word, text, sizeof word);
+    return word;
+}
+
+constexpr std::uint64_t equalTo(std::uint64_t word, char wanted)
+{
+    const std::uint64_t difference = word ^ (ones * static_cast<unsigned char>(wanted));
+    return (difference - ones) & ~difference & highs;
+}
+
+constexpr std::uint64_t controls(std::uint64_t word)
+{
+    return (word - ones * 0x20) & ~word & highs;
+}
+
+constexpr std::uint64_t nonAscii(std::uint64_t word)
+{
+    return word & highs;
+}
+
+// The place of the first marked byte; `marks` is not 0.
+constexpr std::size_t first(std::uint64_t marks)
+{
+    return static_cast<std::size_t>(std::countr_zero(marks)) / 8;
+}
+
+}  // namespace ByteScan
+
+}  // namespace Platform

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/coding/ValueSink.h"
+
+namespace Platform {
+
+// Feeds one JSON text to a sink, checked as far as it is read: the sink may
+// have taken a part before DecodingError tells that the text is not JSON.
+void readJson(std::string_view json, ValueSink& sink);
+
+// Whether the bytes are UTF-8 throughout.
+bool isUtf8(std::string_view bytes);
+
+}  // namespace Platform

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/coding/JSONDecoder.h"
+#include "platform/coding/JSONEncoder.h"
+
+namespace Platform {
+
+// Writes events as JSON text, straight into the target's memory; the target
+// has its true length when the writer is gone.
+class JsonWriter final : public ValueSink {
+public:
+    JsonWriter(const JSONEncoder& options, std::string& target);
+    ~JsonWriter() override { target_.resize(length()); }
+    JsonWriter(const JsonWriter&) = delete;
+    JsonWriter& operator=(const JsonWriter&) = delete;
+
+    void null() override { word("null"); }
+    void boolean(bool value) override { word(value ? "true" : "false"); }
+    void integer(std::int64_t value) override;
+    void unsignedInteger(std::uint64_t value) override;
+    void real(double value) override;
+    void real32(float value) override;
+    void text(std::string_view value) override;
+    void date(Date value) override;
+    void url(const Url& value) override { text(value.absoluteString()); }
+    void beginArray() override { begin('[', true); }
+    void endArray() override { end(']'); }
+    void beginDictionary() override { begin('{', false); }
+    void key(std::string_view key) override;
+    void endDictionary() override { end('}'); }
+    CodingPath codingPath() const override;
+
+private:
+    struct Level {
+        std::size_t keyAt = 0;  // where the last key's text begins in the target
+        std::size_t count = 0;  // values begun
+        bool isArray = false;
+    };
+
+    std::size_t length() const { return static_cast<std::size_t>(cursor_ - target_.data()); }
+    void ensure(std::size_t space)
+    {
+        if (static_cast<std::size_t>(end_ - cursor_) < space) grow(space);
+    }
+    void grow(std::size_t space);
+    void put(char c) { *cursor_++ = c; }
+    void startValue();
+    void startLine(int depth);
+    void begin(char bracket, bool isArray);
+    void end(char bracket);
+    void word(std::string_view text);
+    bool quoted(std::string_view text);
+    std::size_t copyPlain(std::string_view text, std::uint64_t highBits);
+    void escape(char c);
+    [[noreturn]] void refuseText(std::string_view text) const;
+    CodingKey lastKey(const Level& level) const;
+
+    std::string& target_;
+    char* cursor_;
+    char* end_;
+    DateStrategy dateStrategy_;
+    bool isPretty_;
+    int depth_ = 0;
+    std::array<Level, JSONDecoder::maximumDepth + 1> levels_;  // level 0 is the document
+};
+
+}  // namespace Platform
