@@ -47,7 +47,7 @@ public:
         ondemand::value root;
         check(document.get_value().get(root));
         value(root, 1);
-        if (!document.at_end()) refuse("there is more behind its end");
+        if (document.current_location().error() != simdjson::OUT_OF_BOUNDS) refuse("there is more behind its end");
     }
 
 private:
@@ -73,8 +73,7 @@ private:
 
     void value(ondemand::value& value, int depth)
     {
-        std::string_view token;
-        check(value.raw_json_token().get(token));
+        const std::string_view token = value.raw_json_token();
         switch (token.front()) {
             case '[':
                 return array(value, depth);
@@ -102,9 +101,9 @@ private:
         ondemand::array elements;
         check(value.get_array().get(elements));
         sink_.beginArray();
-        for (auto element : elements) {
+        for (auto&& element : elements) {
             ondemand::value item;
-            check(element.get(item));
+            check(std::move(element).get(item));
             this->value(item, depth + 1);
         }
         sink_.endArray();
@@ -116,9 +115,9 @@ private:
         ondemand::object members;
         check(value.get_object().get(members));
         sink_.beginDictionary();
-        for (auto member : members) {
+        for (auto&& member : members) {
             ondemand::field field;
-            check(member.get(field));
+            check(std::move(member).get(field));
             sink_.key(takeText(field.key().raw()));
             ondemand::value item = field.value();
             this->value(item, depth + 1);

@@ -1,0 +1,184 @@
+#include <unordered_set>
+
+#include <gtest/gtest.h>
+
+#include "Fennick/coding/AnyCodable.h"
+#include "Fennick/coding/AnyDecodable.h"
+#include "Fennick/coding/AnyDictionary.h"
+#include "Fennick/coding/AnyEncodable.h"
+#include "platform/coding/JSONDecoder.h"
+#include "platform/coding/JSONEncoder.h"
+
+namespace Fennick {
+
+namespace {
+
+using Kind = AnyValue::Kind;
+using Platform::JSONDecoder;
+using Platform::JSONEncoder;
+using Platform::Number;
+
+AnyValue decoded(std::string_view json)
+{
+    return JSONDecoder().decode<AnyDecodable>(json).value;
+}
+
+std::string encoded(const AnyEncodable& any)
+{
+    return JSONEncoder().encode(any);
+}
+
+TEST(AnyCoding, DecodesEachJsonKindAsItsFirstFittingType)
+{
+    const std::pair<std::string_view, Kind> cases[] = {
+        {"null", Kind::null},       {"true", Kind::boolean},
+        {"1", Kind::intWord},       {"9223372036854775808", Kind::uintWord},
+        {"1.5", Kind::float64},     {"1.0", Kind::float64},
+        {"\"a\"", Kind::text},      {"\"longer than what fits inside\"", Kind::text},
+        {"[1,\"a\"]", Kind::array}, {"{\"a\":null}", Kind::dictionary},
+    };
+    for (const auto& [json, kind] : cases) {
+        EXPECT_EQ(decoded(json).kind(), kind) << json;
+        EXPECT_EQ(encoded(decoded(json)), json);
+    }
+    EXPECT_EQ(decoded("[1,\"a\"]"), AnyValue(AnyArray{1, "a"}));
+    EXPECT_TRUE(decoded("{\"a\":null}")["a"].isNull());
+}
+
+TEST(AnyCoding, AnyDocumentComesBackAsTheSameJson)
+{
+    std::string json =
+        R"({"name":"disk","limits":[10,2.5,{"deep":[[],{},"\u0000",-1]}],"long key beyond the inline":true)";
+    for (int i = 0; i < 40; ++i) json += ",\"k" + std::to_string(i) + "\":" + std::to_string(i);
+    json += '}';
+    const auto any = JSONDecoder().decode<AnyCodable>(json);
+    EXPECT_EQ(JSONEncoder().encode(any), json);
+    EXPECT_EQ(any.value["k39"], 39);
+    EXPECT_EQ(any.value["limits"][2]["deep"][3], -1);
+    EXPECT_TRUE(any.value["limits"][7]["nowhere"].isEmpty());
+    EXPECT_EQ(decoded(R"({"a":1,"b":2,"a":3})"), AnyValue(AnyDictionary{{"b", 2}, {"a", 3}}));
+}
+
+TEST(AnyCoding, EncodesEveryKindAsItself)
+{
+    const std::pair<AnyValue, std::string_view> cases[] = {
+        {nullptr, "null"},
+        {Null{}, "null"},
+        {std::optional<int>(), "null"},
+        {std::optional<int>(3), "3"},
+        {static_cast<signed char>(-8), "-8"},
+        {INT64_MIN, "-9223372036854775808"},
+        {18446744073709551615ull, "18446744073709551615"},
+        {0.1f, "0.1"},
+        {Number(true), "true"},
+        {Number(static_cast<signed char>(7)), "true"},
+        {Number(static_cast<short>(-32768)), "-32768"},
+        {Number(static_cast<unsigned char>(200)), "200"},
+        {Number(UINT64_MAX), "18446744073709551615"},
+        {Number(0.1f), "0.1"},
+        {Platform::Date(1.5), "1.5"},
+        {*Platform::Url::parse("https://a.b/c"), "\"https://a.b/c\""},
+        {AnyArray{nullptr, 1}, "[null,1]"},
+    };
+    for (const auto& [value, json] : cases) EXPECT_EQ(encoded(value), json);
+}
+
+TEST(AnyCoding, RefusesWithFixedWordsAndThePath)
+{
+    struct Custom {
+        int number = 5;
+    };
+    const AnyValue custom = AnyValue::object(Custom{});
+    EXPECT_EQ(custom.as<Custom>()->number, 5);
+    EXPECT_EQ(custom.as<int>(), nullptr);
+    for (const AnyValue& refused : {custom, AnyValue(AnyDictionary{{1, "one"}})}) {
+        try {
+            encoded(AnyDictionary{{"a", AnyArray{0, refused}}});
+            ADD_FAILURE();
+        } catch (const Platform::EncodingError& error) {
+            EXPECT_EQ(error.description(), "AnyEncodable value cannot be encoded");
+            EXPECT_EQ(pathText(error.codingPath()), "a[1]");
+            EXPECT_EQ(std::any_cast<AnyValue>(error.value()), refused);
+        }
+    }
+    Platform::ValueTape tape;
+    tape.beginDictionary();
+    tape.key("when");
+    tape.beginArray();
+    tape.date(Platform::Date(0));
+    tape.endArray();
+    tape.endDictionary();
+    Platform::TapeSource source(tape);
+    try {
+        Platform::Decoder(source).keyedContainer().decode<AnyDecodable>("when");
+        ADD_FAILURE();
+    } catch (const Platform::DecodingError& error) {
+        EXPECT_STREQ(error.what(), "when[0]: AnyDecodable value cannot be decoded");
+    }
+    EXPECT_THROW(decoded("[1,{\"a\":[1e999]}]"), Platform::DecodingError);
+}
+
+TEST(AnyValueTest, CopiesAreIndependent)
+{
+    AnyValue first = AnyDictionary{{"list", AnyArray{1, "a text that does not fit inside"}}};
+    AnyValue second = first;
+    second.editDictionary()["list"].editArray().push_back(3);
+    EXPECT_EQ(first["list"].count(), 2u);
+    EXPECT_EQ(second["list"][2], 3);
+    second = second["list"];  // a part of itself
+    EXPECT_EQ(second[0], 1);
+    EXPECT_TRUE(first.editDictionary().remove("list"));
+    EXPECT_EQ(first.count(), 0u);
+}
+
+TEST(AnyValueTest, EqualValuesHashAlikeAndNumbersCompareByValue)
+{
+    const std::vector<std::vector<AnyValue>> groups = {
+        {1, 1l, 1u, 1.0, 1.0f, Number(1)},
+        {-1, -1.0},
+        {true, Number(true)},
+        {9223372036854775808ull, 9223372036854775808.0},
+        {"1", std::string("1")},
+        {nullptr, AnyValue()},
+        {Null{}},
+        {1.5, 1.5f},
+        {AnyArray{1, AnyArray{}}, AnyArray{1.0, AnyArray{}}},
+        {AnyDictionary{{"a", 1}, {"b", 2}}, AnyDictionary{{"b", 2}, {"a", 1}}},
+        {Platform::Date(1)},
+    };
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        for (std::size_t j = 0; j < groups.size(); ++j) {
+            for (const AnyValue& a : groups[i]) {
+                for (const AnyValue& b : groups[j]) {
+                    EXPECT_EQ(a == b, i == j) << i << ' ' << j;
+                    EXPECT_TRUE(i != j || a.hash() == b.hash()) << i;
+                }
+            }
+        }
+    }
+    EXPECT_EQ(std::unordered_set<AnyValue>({1, 1.0, true, "1"}).size(), 3u);
+}
+
+TEST(AnyValueTest, DepthOf500000IsNeverTheDepthOfTheStack)
+{
+    const auto nested = [] {
+        AnyValue value = 1;
+        for (int i = 0; i < 250000; ++i) value = AnyDictionary{{"k", AnyArray{std::move(value)}}};
+        return value;
+    };
+    AnyValue deep = nested();
+    const AnyValue copy = deep;
+    EXPECT_TRUE(deep == nested());
+    EXPECT_EQ(deep.hash(), copy.hash());
+    EXPECT_THROW(encoded(deep), Platform::EncodingError);
+    Platform::ValueTape tape;
+    Platform::Encoder::write(AnyEncodable(deep), tape);
+    Platform::TapeSource source(tape);
+    EXPECT_TRUE(Platform::Decoder(source).decode<AnyDecodable>().value == deep);
+    deep.editDictionary()["k"] = 0;
+    EXPECT_EQ(copy["k"][0]["k"].count(), 1u);
+}
+
+}  // namespace
+
+}  // namespace Fennick
