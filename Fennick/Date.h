@@ -8,8 +8,8 @@
 // Operations on dates, in the user's calendar, time zone and locale. Any thread.
 namespace Fennick {
 
-// Reads "yyyy-MM-dd hh:mm:ss" (hours 01 to 12, 12 being the hour after
-// midnight). The present instant for a text that does not parse.
+// Reads "yyyy-MM-dd hh:mm:ss" (hours 01 to 12, 12 as also 00 being the hour
+// after midnight). The present instant for a text that does not parse.
 Platform::Date Date(std::string_view timestampString);
 
 // The instant of these components. Ones that no calendar can place are a
