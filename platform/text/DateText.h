@@ -18,7 +18,7 @@ std::optional<std::string> formattedDate(Date date, std::string_view pattern);
 
 // By the locale's own patterns.
 std::optional<std::string> formattedDate(Date date, DateStyle dateStyle, DateStyle timeStyle,
-                                    TextZone zone = TextZone::current);
+                                         TextZone zone = TextZone::current);
 
 // Reads a whole text by a pattern, strictly: absent where a field is out of its range.
 std::optional<Date> parsedDate(std::string_view text, std::string_view pattern);
