@@ -1,5 +1,6 @@
 // Posts "NAME" COUNT times, each with its number as object, at RATE a second
-// (0: at once), or once with the object OBJECT; then ends without cleaning up.
+// (0: at once), or once with the object OBJECT or without any; then ends
+// without cleaning up.
 
 #include <chrono>
 #include <string>
@@ -24,9 +25,11 @@ void postNumbers(const Platform::NotificationName& name, int count, int rate)
 
 int main(int argc, char** argv)
 {
-    if (argc < 3) return 2;
+    if (argc < 2) return 2;
     const Platform::NotificationName name(argv[1]);
-    if (argc == 3) {
+    if (argc == 2) {
+        Platform::DistributedNotificationCenter::shared().post(name, std::nullopt);
+    } else if (argc == 3) {
         Platform::DistributedNotificationCenter::shared().post(name, argv[2]);
     } else {
         postNumbers(name, std::stoi(argv[2]), std::stoi(argv[3]));

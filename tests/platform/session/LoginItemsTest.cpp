@@ -1,0 +1,218 @@
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include "platform/bundle/Bundle.h"
+#include "platform/runtime/Shared.h"
+#include "platform/session/ApplicationService.h"
+#include "platform/session/LoginItems.h"
+#include "platform/session/internal/XdgLoginItems.h"
+#include "tests/fakes/FakeEnvironment.h"
+#include "tests/support/ChildProcess.h"
+#include "tests/support/ScriptApplication.h"
+#include "tests/support/TemporaryDirectory.h"
+
+namespace fs = std::filesystem;
+using Platform::Bundle;
+using Status = Platform::ApplicationService::Status;
+
+namespace {
+
+const std::string app = "com.example.app";
+const std::string starter = "com.example.app.starter";
+constexpr const char* generator = "/usr/lib/systemd/user-generators/systemd-xdg-autostart-generator";
+
+struct LoginItemsTest : testing::Test {
+    Tests::TemporaryDirectory home;
+    Tests::ReplacedEnvironment environment{home.path()};
+    Platform::XdgLoginItems items;
+    Platform::XdgApplicationServices services;
+    std::string autostart = home / ".config/autostart";
+    std::string bundle = home / "Apps/My App.app";
+    std::string program = writeBundle(bundle);
+    Platform::Shared<Bundle>::Override mainBundle{Bundle::open(bundle)};
+
+    // The main application with its starter inside, which leaves a mark; the starter's program.
+    static std::string writeBundle(const std::string& path)
+    {
+        const std::string script = "#!/bin/sh\nprintf %s \"$0\" > \"$MARK\"\n";
+        Tests::writeScriptApplication(path, app, script);
+        return Tests::writeScriptApplication(path + "/Contents/Library/LoginItems/Starter.app", starter, script);
+    }
+
+    std::string fileOf(const std::string& identifier) const { return autostart + "/" + identifier + ".desktop"; }
+    void writeEntry(const std::string& identifier, const std::string& text) const
+    {
+        home.write(".config/autostart/" + identifier + ".desktop", text);
+    }
+
+    // Labels with the state of their switch.
+    std::map<std::string, bool> jobs() const
+    {
+        std::map<std::string, bool> result;
+        const auto dictionaries = items.jobDictionaries();
+        for (const auto& job : *dictionaries) {
+            result[*job.find("Label")->text()] = job.find("OnDemand")->boolean().value();
+        }
+        return result;
+    }
+};
+
+using Jobs = std::map<std::string, bool>;
+
+}  // namespace
+
+TEST_F(LoginItemsTest, SwitchingOnWritesTheEntryAndOffRemovesIt)
+{
+    EXPECT_EQ(jobs(), Jobs{});
+    ASSERT_TRUE(items.setEnabled(starter, true));
+    EXPECT_EQ(Tests::contentOf(fileOf(starter)),
+              "[Desktop Entry]\nType=Application\nName=Starter\nExec=\"" + program + "\"\nTryExec=" + program + "\n");
+    EXPECT_EQ(jobs(), (Jobs{{starter, true}}));
+    EXPECT_TRUE(items.setEnabled(starter, true));
+
+    EXPECT_TRUE(items.setEnabled(starter, false));
+    EXPECT_FALSE(fs::exists(fileOf(starter)));
+    EXPECT_TRUE(items.setEnabled(starter, false));
+}
+
+TEST_F(LoginItemsTest, ReadsWhatOthersWroteAndRespectsTheirSwitches)
+{
+    const std::string start = "[Desktop Entry]\nType=Application\nName=x\nExec=/bin/true\n";
+    writeEntry("b.hidden", start + "Hidden=true\n");
+    writeEntry("a.plain", start);
+    writeEntry("c.gnome", start + "X-GNOME-Autostart-enabled=false\n");
+    writeEntry("d.both", start + "X-GNOME-Autostart-enabled=true\nHidden=false\n");
+    writeEntry("e.empty", "");
+    home.makeFolder(".config/autostart/f.folder.desktop");
+    home.write(".config/autostart/other.txt", start);
+    fs::create_symlink("/nowhere", autostart + "/g.broken.desktop");
+    EXPECT_EQ(jobs(),
+              (Jobs{{"a.plain", true}, {"b.hidden", false}, {"c.gnome", false}, {"d.both", true}, {"e.empty", true}}));
+    EXPECT_EQ(items.jobDictionaries()->front().find("Label")->text()->c_str(), std::string("a.plain"));
+}
+
+TEST_F(LoginItemsTest, SwitchingOnMendsAnEntryAndKeepsForeignKeys)
+{
+    writeEntry(starter, "# mine\n[Desktop Entry]\nName=Own name\nHidden=true\nExec=/gone\nX-Delay=5\n");
+    ASSERT_TRUE(items.setEnabled(starter, true));
+    EXPECT_EQ(Tests::contentOf(fileOf(starter)), "# mine\n[Desktop Entry]\nName=Own name\nExec=\"" + program +
+                                                     "\"\nX-Delay=5\nType=Application\nTryExec=" + program + "\n");
+}
+
+TEST_F(LoginItemsTest, RefusesWhatCannotBeAnEntry)
+{
+    for (const std::string identifier : {"", ".", "..", "../x", "a/b", "com.example.unknown"}) {
+        EXPECT_FALSE(items.setEnabled(identifier, true)) << identifier;
+    }
+    EXPECT_FALSE(items.setEnabled("../x", false));
+    EXPECT_FALSE(fs::exists(autostart));
+}
+
+TEST_F(LoginItemsTest, AFolderThatCannotBeWrittenLeavesEverythingAsItIs)
+{
+    // A file where the folder should be: refused for every user, root included.
+    home.write(".config", "not a folder");
+    EXPECT_FALSE(items.setEnabled(starter, true));
+    EXPECT_FALSE(services.loginItemService(starter)->register_());
+    EXPECT_EQ(items.jobDictionaries(), std::nullopt);
+    EXPECT_EQ(Tests::contentOf(home / ".config"), "not a folder");
+}
+
+TEST_F(LoginItemsTest, AFullDiskLeavesTheOldEntryAndNothingElse)
+{
+    const std::string before = "[Desktop Entry]\nExec=/gone\n";
+    writeEntry(starter, before);
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    ::getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit full{16, limit.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &full);
+    const auto outcome = items.setEnabled(starter, true);
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+
+    ASSERT_FALSE(outcome);
+    EXPECT_EQ(outcome.error().call, "write");
+    EXPECT_EQ(Tests::contentOf(fileOf(starter)), before);
+    EXPECT_EQ(std::distance(fs::directory_iterator(autostart), {}), 1);
+}
+
+TEST_F(LoginItemsTest, AServiceFollowsTheEntryAndTheProgram)
+{
+    const auto service = services.loginItemService(starter);
+    const auto unknown = services.loginItemService("com.example.unknown");
+    EXPECT_EQ(service->status(), Status::notRegistered);
+    EXPECT_EQ(unknown->status(), Status::notFound);
+    EXPECT_FALSE(unknown->register_());
+    EXPECT_FALSE(service->unregister());
+
+    EXPECT_TRUE(service->register_());
+    EXPECT_EQ(service->status(), Status::enabled);
+    EXPECT_EQ(jobs(), (Jobs{{starter, true}}));
+
+    fs::rename(bundle, home / "Apps/Moved.app");
+    EXPECT_EQ(service->status(), Status::notFound);
+    const Platform::Shared<Bundle>::Override moved(Bundle::open(home / "Apps/Moved.app"));
+    EXPECT_TRUE(services.loginItemService(starter)->register_()) << "mends the entry";
+    EXPECT_EQ(service->status(), Status::enabled);
+    EXPECT_TRUE(service->unregister());
+    EXPECT_EQ(jobs(), Jobs{});
+}
+
+TEST_F(LoginItemsTest, AServiceThatTheUserSwitchedOffStaysOff)
+{
+    for (const std::string key : {"Hidden=true", "X-GNOME-Autostart-enabled=false"}) {
+        const auto service = services.mainAppService();
+        fs::remove_all(autostart);
+        ASSERT_TRUE(service->register_());
+        const std::string switchedOff = Tests::contentOf(fileOf(app)) + key + "\n";
+        writeEntry(app, switchedOff);
+        EXPECT_EQ(service->status(), Status::requiresApproval);
+        EXPECT_FALSE(service->register_());
+        EXPECT_FALSE(service->unregister());
+        EXPECT_EQ(Tests::contentOf(fileOf(app)), switchedOff);
+    }
+}
+
+TEST_F(LoginItemsTest, AProgramOutsideAnyBundleIsNotFound)
+{
+    const Platform::Shared<Bundle>::Override bare(Bundle::open(home.makeFolder("bare")));
+    EXPECT_EQ(services.mainAppService()->status(), Status::notFound);
+    EXPECT_FALSE(services.mainAppService()->register_());
+    EXPECT_FALSE(services.mainAppService()->unregister());
+}
+
+TEST_F(LoginItemsTest, StartersOfTheDesktopUnderstandTheEntryOfAnyPath)
+{
+    int number = 0;
+    for (const std::string name : {"plain", "with space", "it's", "quo\"ted", "100%", "%u", "new\nline", "tab\t",
+                                   "$HOME `x`", "back\\slash", "\xc3\xbc\xe6\x97\xa5"}) {
+        const std::string path = home / (name + "/Pellora.app");
+        const std::string started = writeBundle(path);
+        const Platform::Shared<Bundle>::Override other(Bundle::open(path));
+        ASSERT_TRUE(items.setEnabled(starter, true)) << name;
+        EXPECT_EQ(services.loginItemService(starter)->status(), Status::enabled);
+
+        const std::string mark = home / ("mark" + std::to_string(number));
+        Tests::ChildProcess dex({"dex", "--wait", fileOf(starter)}, {.environment = {{"MARK", mark}}});
+        EXPECT_EQ(dex.wait(), 0);
+        EXPECT_TRUE(fs::exists(mark) && fs::equivalent(Tests::contentOf(mark), started)) << name;
+
+        const std::string units = home.makeFolder("units" + std::to_string(number++));
+        Tests::ChildProcess systemd(
+            {generator, units, units, units},
+            {.environment = {{"XDG_CONFIG_HOME", home / ".config"}, {"XDG_CONFIG_DIRS", units}}});
+        EXPECT_EQ(systemd.wait(), 0);
+        std::string unit;
+        for (const auto& file : fs::directory_iterator(units)) {
+            if (file.is_regular_file()) unit = Tests::contentOf(file.path());
+        }
+        EXPECT_NE(unit.find("ExecStart="), std::string::npos) << name;
+    }
+}
