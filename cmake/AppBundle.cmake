@@ -1,0 +1,19 @@
+# pellora_app_bundle(<target> NAME <name> PLIST <template> [INSIDE <folder>])
+# Makes the program of a target the executable of NAME.app, with the property
+# list made from the template: in the build tree, and below PELLORA_APP_DIR
+# when it is installed. INSIDE is the folder of a bundle that holds this one.
+# Nothing in a bundle knows where it stands, so it may be moved as a whole.
+set(PELLORA_APP_DIR "${CMAKE_INSTALL_LIBDIR}/pellora" CACHE STRING "Where Pellora.app is installed, below the prefix")
+
+function(pellora_app_bundle target)
+  cmake_parse_arguments(APP "" "NAME;PLIST;INSIDE" "" ${ARGN})
+  if(APP_INSIDE)
+    string(APPEND APP_INSIDE "/")
+  endif()
+  set(contents "${APP_INSIDE}${APP_NAME}.app/Contents")
+  configure_file("${APP_PLIST}" "${PROJECT_BINARY_DIR}/${contents}/Info.plist" @ONLY)
+  set_target_properties(${target} PROPERTIES
+    OUTPUT_NAME "${APP_NAME}" RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/${contents}/MacOS")
+  install(FILES "${PROJECT_BINARY_DIR}/${contents}/Info.plist" DESTINATION "${PELLORA_APP_DIR}/${contents}")
+  install(TARGETS ${target} RUNTIME DESTINATION "${PELLORA_APP_DIR}/${contents}/MacOS")
+endfunction()

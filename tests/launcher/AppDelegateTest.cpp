@@ -1,0 +1,91 @@
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Lorrel/apps/queries/DistributedNotifications.h"
+#include "launcher/AppDelegate.h"
+#include "launcher/ResourceBundleClass.h"
+#include "platform/bundle/Bundle.h"
+#include "platform/runtime/Shared.h"
+#include "tests/fakes/FakeDistributedNotificationCenter.h"
+#include "tests/fakes/FakeWorkspace.h"
+#include "tests/support/TemporaryDirectory.h"
+
+using Launcher::AppDelegate;
+using Platform::Application;
+using Platform::Bundle;
+
+namespace {
+
+struct AppDelegateTest : testing::Test {
+    Tests::ReplacedWorkspace workspace;
+    Tests::ReplacedDistributedNotificationCenter center;
+    Platform::Shared<Application>::Override application;
+    Tests::TemporaryDirectory folder;
+    std::shared_ptr<AppDelegate> delegate = AppDelegate::create();
+
+    void launchFrom(const std::string& place)
+    {
+        const Platform::Shared<Bundle>::Override bundle(Bundle::open(folder.makeFolder(place)));
+        delegate->applicationDidFinishLaunching();
+    }
+    std::vector<std::string> opened() const
+    {
+        std::vector<std::string> paths;
+        for (const auto& url : workspace->openRequests()) paths.push_back(url.path());
+        return paths;
+    }
+    static bool isTerminating() { return Application::shared().isTerminating(); }
+
+    const std::string launcher = "Pellora.app/Contents/Library/LoginItems/PelloraLauncher.app";
+};
+
+}  // namespace
+
+static_assert(std::is_empty_v<Launcher::ResourceBundleClass>);
+
+TEST_F(AppDelegateTest, OpensTheApplicationAroundItAndWaits)
+{
+    EXPECT_EQ(delegate->mainIdentifier(), "com.orvane.pellora");
+    launchFrom("Apps and \xc3\xbc % 'more'/" + launcher);
+    EXPECT_EQ(opened(), std::vector<std::string>{folder / "Apps and \xc3\xbc % 'more'/Pellora.app"});
+    EXPECT_EQ(center->observerCount(), 1u);
+    EXPECT_FALSE(isTerminating());
+
+    Lorrel::DistributedNotifications::post("killme", "com.example.other");
+    Lorrel::DistributedNotifications::post("killme", std::nullopt);
+    EXPECT_FALSE(isTerminating());
+    Lorrel::DistributedNotifications::post("killme", "com.orvane.pellora");
+    EXPECT_TRUE(isTerminating());
+    Lorrel::DistributedNotifications::post("killme", "com.orvane.pellora");
+}
+
+TEST_F(AppDelegateTest, EndsAtOnceWhereTheApplicationRuns)
+{
+    workspace->run("com.orvane.pellora");
+    launchFrom(launcher);
+    EXPECT_TRUE(isTerminating());
+    EXPECT_TRUE(workspace->openRequests().empty());
+    EXPECT_EQ(center->observerCount(), 0u);
+}
+
+TEST_F(AppDelegateTest, OpensNothingWhereNoApplicationCanBeAroundIt)
+{
+    std::string place = "L.app";
+    while (Platform::pathComponents(folder / place).size() < 5) place = "x/" + place;
+    launchFrom(place);
+    EXPECT_TRUE(workspace->openRequests().empty());
+    EXPECT_TRUE(isTerminating());
+}
+
+TEST_F(AppDelegateTest, OpensWhateverStandsFourLevelsAbove)
+{
+    std::string place = "L.app";
+    while (Platform::pathComponents(folder / place).size() < 6) place = "x/" + place;
+    launchFrom(place);
+    const auto components = Platform::pathComponents(folder.path());
+    EXPECT_EQ(opened(), std::vector<std::string>{"/" + components[1]});
+    EXPECT_FALSE(isTerminating());
+}

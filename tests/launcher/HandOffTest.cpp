@@ -1,0 +1,215 @@
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/session/Workspace.h"
+#include "tests/support/ChildProcess.h"
+#include "tests/support/EnvironmentVariable.h"
+#include "tests/support/Eventually.h"
+#include "tests/support/PrivateBus.h"
+#include "tests/support/ScriptApplication.h"
+#include "tests/support/TemporaryDirectory.h"
+
+// Real bundles, real processes, a real bus.
+
+using namespace std::chrono_literals;
+namespace fs = std::filesystem;
+using Platform::Workspace;
+using Tests::eventually;
+
+namespace {
+
+const std::string app = "com.orvane.pellora";
+const std::string launcherInApp = "/Contents/Library/LoginItems/PelloraLauncher.app";
+
+struct HandOffTest : testing::Test {
+    Tests::TemporaryDirectory home;
+    Tests::EnvironmentVariable homeVariable{"HOME", home.path()};
+    Tests::EnvironmentVariable configuration{"XDG_CONFIG_HOME", std::nullopt};
+    Tests::EnvironmentVariable data{"XDG_DATA_HOME", std::nullopt};
+    Tests::EnvironmentVariable runtime{"XDG_RUNTIME_DIR", home.makeFolder("runtime")};
+    Tests::PrivateBus bus;
+    std::string bundle = home / "My Apps/Pellora.app";
+
+    // Another session's Pellora on this machine would be found running.
+    void SetUp() override
+    {
+        ASSERT_TRUE(eventually([] { return !Workspace::shared().isRunning(app); }, 60s));
+    }
+    void TearDown() override
+    {
+        for (const auto& running : ours()) ::kill(running.processIdentifier(), SIGKILL);
+        EXPECT_TRUE(eventually([&] { return ours().empty(); }));
+    }
+
+    // The running applications of this test's folder.
+    std::vector<Platform::RunningApplication> ours() const
+    {
+        auto all = Workspace::shared().runningApplications();
+        std::erase_if(all, [&](const auto& one) { return !one.bundleUrl().path().starts_with(home.path()); });
+        return all;
+    }
+    std::size_t applicationCount() const
+    {
+        return std::ranges::count_if(ours(), [](const auto& one) { return one.bundleIdentifier() == app; });
+    }
+
+    void installApp() const
+    {
+        fs::create_directories(fs::path(bundle).parent_path());
+        fs::copy(PELLORA_APP, bundle, fs::copy_options::recursive);
+    }
+    // The launcher alone inside an application that only runs a script; the
+    // script leaves "opened" behind, so that opening it can be seen.
+    void installScript(const std::string& commands) const
+    {
+        Tests::writeScriptApplication(bundle, app,
+                                      "#!/bin/sh\necho >> '" + home.path() + "/opened'\n" + commands + "\n");
+        fs::create_directories(fs::path(bundle + launcherInApp).parent_path());
+        fs::copy(std::string(PELLORA_APP) + launcherInApp, bundle + launcherInApp, fs::copy_options::recursive);
+    }
+    std::size_t openings() const { return Tests::contentOf(home / "opened").size(); }
+
+    Tests::ChildProcess launcher() const
+    {
+        return Tests::ChildProcess({bundle + launcherInApp + "/Contents/MacOS/PelloraLauncher"},
+                                   {.streams = Tests::ChildStreams::silent});
+    }
+    // From a process of its own, which ends right after it.
+    static void post(const std::optional<std::string>& object)
+    {
+        std::vector<std::string> command{NOTIFICATION_POSTER, "killme"};
+        if (object) command.push_back(*object);
+        EXPECT_EQ(Tests::ChildProcess(command).wait(), 0);
+    }
+};
+
+}  // namespace
+
+TEST_F(HandOffTest, TheLauncherStartsTheApplicationAndEndsByItsKillme)
+{
+    installApp();
+    auto starter = launcher();
+    EXPECT_EQ(starter.wait(), 0);
+    EXPECT_EQ(applicationCount(), 1u);
+
+    auto again = launcher();
+    EXPECT_EQ(again.wait(), 0);
+    EXPECT_EQ(applicationCount(), 1u);
+}
+
+TEST_F(HandOffTest, TwoLaunchersAtOnceStartOneApplication)
+{
+    installApp();
+    for (int round = 0; round < 5; ++round) {
+        auto one = launcher();
+        auto other = launcher();
+        EXPECT_EQ(one.wait(), 0);
+        EXPECT_EQ(other.wait(), 0);
+        EXPECT_EQ(applicationCount(), 1u);
+        for (const auto& running : ours()) EXPECT_TRUE(running.terminate());
+        ASSERT_TRUE(eventually([&] { return ours().empty(); }));
+    }
+}
+
+TEST_F(HandOffTest, OnlyTheRightKillmeEndsAWaitingLauncher)
+{
+    installScript("");
+    auto waiting = launcher();
+    ASSERT_TRUE(eventually([&] { return openings() == 1; }));
+    post("com.example.other");
+    post(std::nullopt);
+    post("");
+    EXPECT_EQ(waiting.wait(300ms), std::nullopt);
+    post(app);
+    post(app);
+    EXPECT_EQ(waiting.wait(), 0);
+}
+
+TEST_F(HandOffTest, KillmeOfTheFirstMomentOfTheApplicationIsNotMissed)
+{
+    installScript(std::string("exec '") + NOTIFICATION_POSTER + "' killme " + app);
+    for (int round = 0; round < 10; ++round) EXPECT_EQ(launcher().wait(), 0);
+    EXPECT_EQ(openings(), 10u);
+}
+
+TEST_F(HandOffTest, ARestartedBusIsJoinedAgain)
+{
+    installScript("");
+    auto waiting = launcher();
+    ASSERT_TRUE(eventually([&] { return openings() == 1; }));
+    bus.stop();
+    EXPECT_EQ(waiting.wait(200ms), std::nullopt);
+    bus.start();
+    EXPECT_TRUE(eventually([&] {
+        post(app);
+        return waiting.hasEnded();
+    }));
+    EXPECT_EQ(waiting.wait(), 0);
+}
+
+TEST_F(HandOffTest, AFrozenBusDelaysTheLoginByTwoSeconds)
+{
+    installScript("");
+    bus.freeze();
+    auto waiting = launcher();
+    EXPECT_TRUE(eventually([&] { return openings() == 1; }, 5s));
+    bus.thaw();
+    EXPECT_TRUE(eventually([&] {
+        post(app);
+        return waiting.hasEnded();
+    }));
+    EXPECT_EQ(waiting.wait(), 0);
+}
+
+TEST_F(HandOffTest, WithoutABusTheApplicationStartsAndTheLauncherEndsPolitely)
+{
+    installScript("");
+    bus.stop();
+    auto waiting = launcher();
+    ASSERT_TRUE(eventually([&] { return openings() == 1; }));
+    EXPECT_FALSE(waiting.hasEnded());
+    waiting.signal(SIGTERM);
+    EXPECT_EQ(waiting.wait(), 0);
+}
+
+TEST_F(HandOffTest, AnApplicationThatCannotBeOpenedLeavesTheLauncherWaiting)
+{
+    installScript("");
+    fs::remove(bundle + "/Contents/MacOS/Program");
+    auto waiting = launcher();
+    EXPECT_EQ(waiting.wait(300ms), std::nullopt);
+    post(app);
+    EXPECT_EQ(waiting.wait(), 0);
+}
+
+TEST_F(HandOffTest, TheSessionStartsTheLauncherFromTheEntryThatTheApplicationWrites)
+{
+    installApp();
+    const auto pellora = [&](const std::vector<std::string>& arguments) {
+        std::vector<std::string> command{bundle + "/Contents/MacOS/Pellora"};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        Tests::ChildProcess process(command, {.streams = Tests::ChildStreams::output});
+        const std::string answer = process.readAll();
+        return std::pair(process.wait(), answer);
+    };
+    using Answer = std::pair<std::optional<int>, std::string>;
+    EXPECT_EQ(pellora({"--start-at-login", "status"}), Answer(0, "off\n"));
+    EXPECT_EQ(pellora({"--start-at-login", "on"}), Answer(0, "on\n"));
+
+    Tests::ChildProcess dex({"dex", "--wait", home / ".config/autostart/com.orvane.pelloralauncher.desktop"});
+    EXPECT_EQ(dex.wait(), 0) << "ends with the launcher";
+    EXPECT_EQ(applicationCount(), 1u);
+
+    EXPECT_EQ(pellora({"--start-at-login", "off"}), Answer(0, "off\n"));
+    EXPECT_EQ(pellora({"--directly", "--start-at-login", "on"}), Answer(0, "on\n"));
+    EXPECT_TRUE(fs::exists(home / ".config/autostart/com.orvane.pellora.desktop"));
+    EXPECT_EQ(pellora({"--start-at-login", "maybe"}).first, 1);
+    EXPECT_EQ(pellora({"--nonsense"}).first, 2);
+}
