@@ -1,0 +1,254 @@
+#include <algorithm>
+#include <atomic>
+#include <filesystem>
+#include <thread>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "Lorrel/files/Path.h"
+#include "platform/runtime/FileDescriptor.h"
+#include "tests/fakes/FakeEnvironment.h"
+#include "tests/fakes/FakeFileManager.h"
+#include "tests/support/TemporaryDirectory.h"
+
+namespace Lorrel {
+namespace {
+
+using Platform::Url;
+using Names = std::vector<std::string>;
+
+class PathListingsTest : public testing::Test {
+protected:
+    Url at(std::string_view name) const { return Url::fromPath(folder / name); }
+
+    // The locations' paths below the folder, folders with a slash, in order of name.
+    Names names(const std::vector<Url>& locations) const
+    {
+        Names found;
+        for (const Url& location : locations) {
+            const std::string path = location.path().substr(folder.path().size() + 1);
+            found.push_back(path + (location.hasDirectoryPath() ? "/" : ""));
+        }
+        std::ranges::sort(found);
+        return found;
+    }
+
+    void makeTree() const
+    {
+        for (const auto* file : {"a.txt", ".hidden", "sub/b.txt", "sub/.git/config", "sub/deep/c.md",
+                                 "App.app/inner.txt", "App.app/Contents/d.txt", "sub/Tool.Bundle/e.txt"}) {
+            folder.write(file, "12345");
+        }
+        std::filesystem::create_directory_symlink(folder / "sub", folder / "link");
+        std::filesystem::create_symlink("nowhere", folder / "sub/broken");
+    }
+
+    Tests::TemporaryDirectory folder;
+};
+
+TEST_F(PathListingsTest, EachListingKeepsItsKindOfEntries)
+{
+    makeTree();
+    const Url root = folder.url();
+    const struct {
+        const char* what;
+        std::vector<Url> listed;
+        Names expected;
+    } rows[] = {
+        {"items",
+         Path::items(root),
+         {"App.app/", "a.txt", "link", "sub/", "sub/Tool.Bundle/", "sub/b.txt", "sub/broken", "sub/deep/",
+          "sub/deep/c.md"}},
+        {"files", Path::files(root), {"a.txt", "link", "sub/b.txt", "sub/broken", "sub/deep/c.md"}},
+        {"files by suffix",
+         Path::files(root, ".txt"),
+         {"App.app/Contents/d.txt", "App.app/inner.txt", "a.txt", "sub/Tool.Bundle/e.txt", "sub/b.txt"}},
+        {"folders by suffix", Path::directories(root, "p"), {"App.app/", "sub/deep/"}},
+        {"folders directly", Path::contents(root, true), {"App.app/", "sub/"}},
+        {"files directly", Path::contents(root, false), {"a.txt", "link"}},
+        {"inside a package",
+         Path::items(at("App.app")),
+         {"App.app/Contents/", "App.app/Contents/d.txt", "App.app/inner.txt"}},
+        {"through a link", Path::contents(at("link"), true), {"link/Tool.Bundle/", "link/deep/"}},
+        {"subfolders", Path::subfolders(root), {"App.app/", "sub/", "sub/Tool.Bundle/", "sub/deep/"}},
+        {"a file", Path::items(at("a.txt")), {}},
+        {"nothing", Path::subfolders(at("missing")), {}},
+    };
+    for (const auto& row : rows) EXPECT_EQ(names(row.listed), row.expected) << row.what;
+}
+
+TEST_F(PathListingsTest, FolderStandsBeforeWhatIsInsideIt)
+{
+    makeTree();
+    const auto items = Path::items(folder.url());
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const auto parent = std::ranges::find(items, items[i].deletingLastPathComponent());
+        if (items[i].deletingLastPathComponent() == folder.url()) continue;
+        EXPECT_LT(parent - items.begin(), static_cast<long>(i)) << items[i].path();
+    }
+}
+
+TEST_F(PathListingsTest, FailureToListIsPrintedAsOneLine)
+{
+    testing::internal::CaptureStdout();
+    EXPECT_TRUE(Path::contents(at("missing"), true).empty());
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "open " + (folder / "missing") + ": No such file or directory\n");
+}
+
+TEST_F(PathListingsTest, SubfoldersEndWithTheFirstEntryWhoseKindIsUnknown)
+{
+    folder.makeFolder("one/two/three");
+    Tests::ReplacedFileManager files;
+    files->hideKind(folder / "one/two", EIO);
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(names(Path::subfolders(folder.url())), Names{"one/"});
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "stat " + (folder / "one/two") + ": Input/output error\n");
+}
+
+TEST_F(PathListingsTest, NestedCountLeavesOutTheTopLinksAndTheLibrary)
+{
+    for (const auto* name : {"a/b/c", "a/d", "e", ".f/g"}) folder.makeFolder(name);
+    std::filesystem::create_directory_symlink(folder / "a", folder / "e/again");
+    EXPECT_EQ(Path::nestedCount(folder.url(), true), 3);
+}
+
+TEST_F(PathListingsTest, LibraryOfTheAccountIsLeftOutOnRequest)
+{
+    folder.makeFolder("Library/Caches");
+    folder.makeFolder("Other/Library");
+    Tests::ReplacedFileManager files;
+    files->graft("/Users/alice", folder.path());
+    const Url home = Url::fromPath("/Users/alice", true);
+    EXPECT_EQ(Path::contents(home, true, false).size(), 2u);
+    EXPECT_EQ(Path::contents(home, true, true).size(), 1u);
+    EXPECT_EQ(Path::subfolders(home, false).size(), 4u);
+    EXPECT_EQ(Path::subfolders(home, true).size(), 2u);
+    EXPECT_EQ(Path::nestedCount(home, true), 1);
+}
+
+TEST_F(PathListingsTest, ContainersOfTheSystemAreLeftOutOnRequest)
+{
+    Tests::ReplacedEnvironment environment("/Users/alice/Library/Containers/com.example.app/Data");
+    Tests::ReplacedFileManager files;
+    files->graft("/Users/alice", folder.path());
+    for (const auto* name : {"com.apple.mail", "com.apple", "org.example.app"}) {
+        folder.makeFolder("Library/Containers/" + std::string(name));
+    }
+    EXPECT_EQ(Path::containers(false).size(), 3u);
+    EXPECT_EQ(Path::containers(true).size(), 2u);
+}
+
+TEST_F(PathListingsTest, SizeCountsEveryEntryThatIsNoFolder)
+{
+    makeTree();
+    // Eight files of five bytes, two links of the length of their targets.
+    const std::uint64_t links = (folder / "sub").size() + std::string("nowhere").size();
+    EXPECT_EQ(Path::size(folder.url()), 8 * 5 + links);
+    EXPECT_EQ(Path::size(at("a.txt")), 0u);
+    EXPECT_EQ(Path::size(at("missing")), 0u);
+    EXPECT_EQ(Path::fileSize(at("a.txt")), 5u);
+    EXPECT_EQ(Path::fileSize(at("sub")), 0u);
+    folder.write("sparse", "");
+    std::filesystem::resize_file(folder / "sparse", 5'000'000'000'000);
+    EXPECT_EQ(Path::fileSize(at("sparse")), 5'000'000'000'000u);
+    EXPECT_EQ(Path::size(folder.url()), 8 * 5 + links + 5'000'000'000'000u);
+}
+
+TEST_F(PathListingsTest, HundredThousandEntriesAreListedAndSummed)
+{
+    constexpr int folders = 100;
+    constexpr int filesEach = 1000;
+    for (int i = 0; i < folders; ++i) {
+        const std::string inside = folder.makeFolder("f" + std::to_string(i));
+        const Platform::FileDescriptor open(::open(inside.c_str(), O_RDONLY | O_DIRECTORY));
+        const std::string first = folder.write("f" + std::to_string(i) + "/first", "x");
+        for (int j = 1; j < filesEach; ++j) ::linkat(AT_FDCWD, first.c_str(), open.get(), std::to_string(j).c_str(), 0);
+    }
+    EXPECT_EQ(Path::files(folder.url()).size(), 100'000u);
+    EXPECT_EQ(Path::size(folder.url()), 100'000u);
+}
+
+TEST_F(PathListingsTest, DepthBeyondTheLongestPathIsNoObstacle)
+{
+    const std::string name(100, 'd');
+    constexpr int levels = 200;
+    int parent = ::open(folder.path().c_str(), O_RDONLY | O_DIRECTORY);
+    for (int level = 0; level < levels; ++level) {
+        ASSERT_EQ(::mkdirat(parent, name.c_str(), 0700), 0);
+        const int next = ::openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY);
+        ::close(std::exchange(parent, next));
+    }
+    ::close(::openat(parent, "bottom", O_CREAT | O_WRONLY, 0600));
+    ::symlinkat("123", parent, "link");
+    ::close(parent);
+    EXPECT_EQ(Path::subfolders(folder.url()).size(), static_cast<std::size_t>(levels));
+    EXPECT_EQ(Path::files(folder.url(), "bottom").size(), 1u);
+    EXPECT_EQ(Path::size(folder.url()), 3u);
+    EXPECT_TRUE(Path::remove(at(name)));
+}
+
+TEST_F(PathListingsTest, NamesAreBytesInAnyEncoding)
+{
+    const std::string name = "caf\xe9\n\x01.txt";
+    folder.write(name, "abc");
+    const auto found = Path::files(folder.url(), ".txt");
+    ASSERT_EQ(found.size(), 1u);
+    EXPECT_EQ(found.front().path(), folder / name);
+    EXPECT_EQ(Path::fileSize(found.front()), 3u);
+    EXPECT_TRUE(Path::remove(found.front()));
+}
+
+TEST_F(PathListingsTest, LinksThatLoopEndNoWalk)
+{
+    folder.makeFolder("a");
+    std::filesystem::create_directory_symlink(folder.path(), folder / "a/up");
+    std::filesystem::create_symlink("self", folder / "self");
+    EXPECT_EQ(names(Path::items(folder.url())), (Names{"a/", "a/up", "self"}));
+    EXPECT_EQ(Path::nestedCount(folder.url(), true), 0);
+    EXPECT_FALSE(Path::exists(folder / "self"));
+}
+
+TEST_F(PathListingsTest, FoldersThatComeAndGoDuringWalksHarmNothing)
+{
+    for (int i = 0; i < 50; ++i) folder.write("keep" + std::to_string(i) + "/file", "1");
+    std::atomic<bool> isOver = false;
+    std::thread mover([&] {
+        for (int i = 0; !isOver; ++i) {
+            const std::string name = "moving" + std::to_string(i % 7);
+            folder.write(name + "/deep/file", "1");
+            std::filesystem::remove_all(folder / name);
+        }
+    });
+    for (int i = 0; i < 60; ++i) {
+        EXPECT_GE(Path::files(folder.url()).size(), 50u);
+        EXPECT_GE(Path::size(folder.url()), 50u);
+    }
+    isOver = true;
+    mover.join();
+}
+
+TEST_F(PathListingsTest, UnreadableFolderIsAnEntryWithoutInsides)
+{
+    folder.write("locked/file", "12345");
+    folder.write("open/file", "12345");
+    ASSERT_EQ(::chmod((folder / "locked").c_str(), 0), 0);
+    ::chmod(folder.path().c_str(), 0755);
+    // As nobody, where the test runs as root.
+    const pid_t child = ::fork();
+    if (child == 0) {
+        if (::geteuid() == 0 && ::setresuid(65534, 65534, 65534) != 0) ::_exit(2);
+        const bool isRight =
+            names(Path::items(folder.url())) == Names{"locked/", "open/", "open/file"} && Path::size(folder.url()) == 5;
+        ::_exit(isRight ? 0 : 1);
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+}
+
+}  // namespace
+}  // namespace Lorrel
