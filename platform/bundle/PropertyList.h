@@ -38,10 +38,10 @@ public:
     // Whether there was such a key.
     bool remove(std::string_view key);
 
-    std::size_t size() const;
-    bool isEmpty() const { return size() == 0; }
-    std::vector<Entry>::const_iterator begin() const;
-    std::vector<Entry>::const_iterator end() const;
+    std::size_t size() const { return entries_.size(); }
+    bool isEmpty() const { return entries_.empty(); }
+    auto begin() const { return entries_.begin(); }
+    auto end() const { return entries_.end(); }
 
     // By keys and values; the order does not matter.
     friend bool operator==(const PropertyListDictionary&, const PropertyListDictionary&);
@@ -135,19 +135,5 @@ private:
 
     Content content_;
 };
-
-// Here, where an entry's type is complete.
-inline std::size_t PropertyListDictionary::size() const
-{
-    return entries_.size();
-}
-inline std::vector<PropertyListDictionary::Entry>::const_iterator PropertyListDictionary::begin() const
-{
-    return entries_.begin();
-}
-inline std::vector<PropertyListDictionary::Entry>::const_iterator PropertyListDictionary::end() const
-{
-    return entries_.end();
-}
 
 }  // namespace Platform

@@ -27,9 +27,7 @@ std::string_view withoutByteOrderMark(std::string_view json)
 
 std::string_view withoutTrailingSpace(std::string_view token)
 {
-    const auto isSpace = [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; };
-    while (!token.empty() && isSpace(token.back())) token.remove_suffix(1);
-    return token;
+    return token.substr(0, token.find_last_not_of(" \t\n\r") + 1);
 }
 
 // One reading: the parser's tokens, converted here and fed to the sink. The
@@ -203,7 +201,7 @@ void readJson(std::string_view json, ValueSink& sink)
     Reader(padded, sink).read();
 }
 
-bool isUtf8(std::string_view bytes)
+bool isJsonText(std::string_view bytes)
 {
     return simdjson::validate_utf8(bytes);
 }

@@ -10,7 +10,8 @@ namespace Platform {
 // have taken a part before DecodingError tells that the text is not JSON.
 void readJson(std::string_view json, ValueSink& sink);
 
-// Whether the bytes are UTF-8 throughout.
-bool isUtf8(std::string_view bytes);
+// Whether JSON can say the text: whether it is UTF-8 throughout. By the parser's
+// vectorised check, since a writer asks for every text.
+bool isJsonText(std::string_view bytes);
 
 }  // namespace Platform

@@ -169,7 +169,7 @@ bool JsonWriter::quoted(std::string_view text)
             isPlain ? put(next) : escape(next);
             text.remove_prefix(1);
         } else if (highBits != 0) {
-            if (!isUtf8(text)) return false;
+            if (!isJsonText(text)) return false;
             highBits = 0;
         } else {
             put(next);
