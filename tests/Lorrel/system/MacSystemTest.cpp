@@ -1,0 +1,197 @@
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "Lorrel/system/IOKitHelper.h"
+#include "Lorrel/system/MacSystem.h"
+#include "Lorrel/system/internal/SystemFacts.h"
+#include "platform/coding/JSONDecoder.h"
+#include "platform/coding/JSONEncoder.h"
+#include "tests/fakes/FakeEnvironment.h"
+#include "tests/fakes/FakeKernel.h"
+#include "tests/fakes/VirtualClock.h"
+#include "tests/support/TemporaryDirectory.h"
+
+using namespace std::string_literals;
+using Lorrel::MacSystem;
+
+namespace {
+
+class MacSystemTest : public testing::Test {
+protected:
+    Tests::TemporaryDirectory root;
+    Tests::ReplacedSystemRoots roots{root.path()};
+    Tests::ReplacedEnvironment environment;
+    Tests::ReplacedKernel kernel;
+    Tests::ReplacedProcessInfo process;
+    Tests::ReplacedClock clock;
+    Platform::Shared<Lorrel::SystemFacts>::Override fresh;
+
+    void writeAttributes(const std::string& language, const std::string& entry)
+    {
+        root.write("System/Library/PrivateFrameworks/ServerInformation.framework/Versions/A/Resources/" + language +
+                       ".lproj/SIMachineAttributes.plist",
+                   "<plist version=\"1.0\"><dict>" + entry + "</dict></plist>");
+    }
+    // Time values of the kernel: seconds and microseconds of 64 bits each.
+    void setBootTime(std::int64_t seconds)
+    {
+        kernel->bootTime = std::string(reinterpret_cast<const char*>(&seconds), 8) + std::string(8, '\0');
+    }
+};
+
+}  // namespace
+
+TEST_F(MacSystemTest, SystemTextsComeFromTheVersionString)
+{
+    struct Case {
+        const char* version;
+        std::optional<int> major;
+        const char* name;
+        const char* text;
+        const char* marketing;
+    };
+    const std::string unknown = MacSystem::osName(7);
+    const Case cases[] = {
+        {"Version 14.2.1 (Build 23C71)", 14, "macOS Sonoma", "14.2.1 (Build 23C71)", "macOS 14.2.1 (Build 23C71)"},
+        {"Version 13.6 (Build 22G120)", 13, "macOS Ventura", "13.6 (Build 22G120)", "macOS 13.6 (Build 22G120)"},
+        {"Version 11", 11, "macOS Big Sur", "11", "macOS 11"},
+        {"Version 15.0", 15, unknown.c_str(), "15.0", "macOS 15.0"},
+        {"Version Debian GNU/Linux 12 (bookworm)", std::nullopt, unknown.c_str(), "Debian GNU/Linux 12 (bookworm)",
+         "macOS Debian GNU/Linux 12 (bookworm)"},
+        {"Version", std::nullopt, unknown.c_str(), "", "macOS"},
+        {" Version \n", std::nullopt, unknown.c_str(), "", "macOS"},
+        {"Version 99999999999999999999.1", std::nullopt, unknown.c_str(), "99999999999999999999.1",
+         "macOS 99999999999999999999.1"},
+    };
+    for (const Case& item : cases) {
+        SCOPED_TRACE(item.version);
+        process->version = item.version;
+        EXPECT_EQ(MacSystem::osMajorVersion(), item.major);
+        EXPECT_EQ(MacSystem::osName(), item.name);
+        EXPECT_EQ(MacSystem::osVersionString(), item.version);
+        EXPECT_EQ(MacSystem::osVersionText(), item.text);
+        EXPECT_EQ(MacSystem::osMarketingVersionText(), item.marketing);
+        EXPECT_EQ(MacSystem::osDescription(), item.name + " "s + item.text);
+    }
+    EXPECT_EQ(MacSystem::osName(8), "macOS Tiger");
+    EXPECT_EQ(MacSystem::osName(24), "macOS Sequoia");
+    EXPECT_EQ(MacSystem::osName(25), unknown);
+}
+
+TEST_F(MacSystemTest, TheModelDecidesTheSymbol)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"Mac13,1", "macstudio"},
+        {"Mac13,2", "desktopcomputer"},
+        {"MacBookAir10,1", "laptopcomputer"},
+        {"MacBookPro18,3", "laptopcomputer"},
+        {"iMac21,1", "desktopcomputer"},
+        {"Macmini9,1", "macmini"},
+        {"MacPro4,1", "macpro.gen1"},
+        {"MacPro5,1", "macpro.gen1"},
+        {"MacPro6,1", "macpro.gen2"},
+        {"MacPro7,1", "macpro.gen3"},
+        {"MacPro8,1", "macpro.gen3"},
+        {"", "desktopcomputer"},
+        {"macmini1,1", "desktopcomputer"},
+    };
+    for (const auto& [model, symbol] : cases) {
+        MacSystem::setModel(model);
+        EXPECT_EQ(MacSystem::symbolName(), symbol) << model;
+    }
+}
+
+TEST_F(MacSystemTest, CachedFactsAreReadOnceAndMayBeAssigned)
+{
+    kernel->variables = {
+        {"hw.model", "Box9\0rest"s}, {"kern.hostname", "b\xFFx\0"s}, {"hw.physicalcpu", "\x08\x01\0\0"s}};
+    EXPECT_EQ(MacSystem::model(), "Box9");
+    EXPECT_EQ(MacSystem::hostName(), "b\xEF\xBF\xBDx");
+    EXPECT_EQ(MacSystem::physicalCoreCount(), 8);
+    EXPECT_EQ(MacSystem::logicalCoreCount(), 0);
+    EXPECT_EQ(MacSystem::cpuBrand(), "");
+    kernel->variables.clear();
+    EXPECT_EQ(MacSystem::model(), "Box9");
+    MacSystem::setModel("Other");
+    EXPECT_EQ(MacSystem::model(), "Other");
+    EXPECT_EQ(MacSystem::osProductVersion(), "");  // asked anew each time
+}
+
+TEST_F(MacSystemTest, IntelMachinesTakeTheirNameFromTheTableOfModels)
+{
+    MacSystem::setModel("MacPro7,1");
+    const std::string row = "<key>MacPro7,1</key><dict><key>_LOCALIZABLE_</key><dict>";
+    struct Case {
+        const char* locale;
+        std::string table;
+        const char* marketingName;
+    };
+    const Case cases[] = {
+        {"de_DE.UTF-8", row + "<key>marketingModel</key><string>Mac Pro (2019)</string></dict></dict>",
+         "Mac Pro (2019)"},
+        {"de_DE.UTF-8", row + "</dict></dict>", "-"},
+        {"de_DE.UTF-8", row + "<key>marketingModel</key><integer>1</integer></dict></dict>", "-"},
+        {"de_DE.UTF-8", "<key>MacPro7,1</key><string>x</string>", "-"},
+        {"de_DE.UTF-8", "<broken", "-"},
+        {"_DE", row + "<key>marketingModel</key><string>x</string></dict></dict>", "-"},
+    };
+    for (const Case& item : cases) {
+        SCOPED_TRACE(item.table);
+        const Platform::Shared<Lorrel::SystemFacts>::Override again;
+        MacSystem::setModel("MacPro7,1");
+        environment->set("LC_ALL", item.locale);
+        const Tests::ReplacedEnvironment sameButRenewed(*environment);  // a locale is read once an environment
+        writeAttributes("de", item.table);
+        EXPECT_EQ(MacSystem::marketingName(), item.marketingName);
+    }
+    EXPECT_EQ(MacSystem::efficiencyCoreCount(), std::nullopt);
+    EXPECT_FALSE(MacSystem::isAppleSilicon());
+    EXPECT_EQ(MacSystem::processorName(), "Intel");
+    EXPECT_EQ(MacSystem::serialNumber(), "-");
+}
+
+TEST_F(MacSystemTest, ArmMachinesReadTheirNameAndCoresFromTheRegistry)
+{
+    kernel->machineName = "arm64";
+    for (int i = 0; i < 4; ++i) {
+        root.write("proc/device-tree/cpus/cpu@" + std::to_string(i) + "/compatible",
+                   i < 3 ? "Apple,IceStorm\0ARM,v8\0"s : "apple,firestorm\0"s);
+    }
+    root.write("proc/device-tree/cpus/cpu@4/compatible", "apple,firestorm\xFF"s);  // not UTF-8
+    root.write("proc/device-tree/model", "Mac mini (M1, 2020)"s);                  // no zero byte: the whole length
+    root.write("proc/device-tree/serial-number", " C02X \n\0"s);
+    EXPECT_EQ(MacSystem::efficiencyCoreCount(), 3);
+    EXPECT_EQ(MacSystem::performanceCoreCount(), 1);
+    EXPECT_EQ(MacSystem::marketingName(), "Mac mini (M1, 2020)");
+    EXPECT_EQ(MacSystem::serialNumber(), "C02X");
+    EXPECT_EQ(MacSystem::processorName(), "Apple Silicon");
+
+    const Platform::IORegistryEntryRef cpu = Platform::IORegistry::shared().servicesNamed("cpu").front();
+    EXPECT_EQ(Lorrel::IOKitHelper::numberProperty(*cpu, "compatible"), Platform::Number(0x6c707041U));
+    EXPECT_EQ(Lorrel::IOKitHelper::numberProperty(*cpu, "missing"), std::nullopt);
+    root.write("proc/device-tree/cpus/cpu@0/reg", "\x07");
+    root.write("proc/device-tree/cpus/cpu@0/nothing", "");
+    EXPECT_EQ(Lorrel::IOKitHelper::numberProperty(*cpu, "reg"), Platform::Number(7U));
+    EXPECT_EQ(Lorrel::IOKitHelper::numberProperty(*cpu, "nothing"), Platform::Number(0U));
+}
+
+TEST_F(MacSystemTest, UptimesAreClockTextsOrTheirPlaceholders)
+{
+    EXPECT_EQ(MacSystem::uptimeText(), "-");
+    EXPECT_EQ(MacSystem::bootUptimeText(), "00:00:00:-1");
+    kernel->uptime = 3661;
+    setBootTime(static_cast<std::int64_t>(clock->wallSeconds()) - 90061);
+    EXPECT_EQ(MacSystem::uptimeText(), "00:01:01:01");
+    EXPECT_EQ(MacSystem::bootUptimeText(), "01:01:01:01");
+    kernel->uptime = 0;
+    EXPECT_EQ(MacSystem::uptimeText(), "-");
+}
+
+TEST_F(MacSystemTest, DetailsAreCodedUnderTheirFieldNames)
+{
+    const Lorrel::AppleHardwareDetails details{"cpu", "text", "name", "id"};
+    const std::string json = Platform::JSONEncoder().encode(details);
+    EXPECT_EQ(json, R"({"processor":"cpu","description":"text","marketingModel":"name","model":"id"})");
+    EXPECT_EQ(Platform::JSONDecoder().decode<Lorrel::AppleHardwareDetails>(json), details);
+}
