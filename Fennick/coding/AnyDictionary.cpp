@@ -25,8 +25,7 @@ bool isSame(const AnyValue& key, std::string_view wanted)
 }
 bool isSame(const AnyValue& key, const AnyValue& wanted)
 {
-    const auto same = AnyValue::compareShortTexts(key, wanted);
-    return same ? *same : key == wanted;
+    return key == wanted;
 }
 
 }  // namespace

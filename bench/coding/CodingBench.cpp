@@ -12,7 +12,6 @@
 #include <simdjson.h>
 
 #include "Fennick/coding/AnyCodable.h"
-#include "Fennick/coding/AnyDecodable.h"
 #include "platform/coding/JSONDecoder.h"
 #include "platform/coding/JSONEncoder.h"
 
