@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "Fennick/datastore/NumberTexts.h"
+
 namespace Fennick {
 
 double rounded(double x, int places)
@@ -42,6 +44,31 @@ bool isInvalid(double x)
 bool isInvalid(float x)
 {
     return !std::isfinite(x);
+}
+
+std::string oneDecimalText(float x)
+{
+    return fixedDecimalsText(1, x);
+}
+
+std::string twoDecimalsText(float x)
+{
+    return fixedDecimalsText(2, x);
+}
+
+std::string threeDecimalsText(float x)
+{
+    return fixedDecimalsText(3, x);
+}
+
+std::string fourDecimalsText(float x)
+{
+    return fixedDecimalsText(4, x);
+}
+
+std::string fiveDecimalsText(float x)
+{
+    return fixedDecimalsText(5, x);
 }
 
 }  // namespace Fennick

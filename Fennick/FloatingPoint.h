@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <string>
 
 namespace Fennick {
 
@@ -31,5 +32,12 @@ T rounded(T x, T step, RoundingRule rule)
 // Infinite or not a number.
 bool isInvalid(double x);
 bool isInvalid(float x);
+
+// fixedDecimalsText of so many decimals, the number widened.
+std::string oneDecimalText(float x);
+std::string twoDecimalsText(float x);
+std::string threeDecimalsText(float x);
+std::string fourDecimalsText(float x);
+std::string fiveDecimalsText(float x);
 
 }  // namespace Fennick

@@ -15,4 +15,13 @@ std::string TimeUtilities::stopwatchText(std::uint64_t nanoseconds)
     return writer.text(".").number(milliseconds % 1'000, 3).string();
 }
 
+// Dividing where the units allow it keeps quotients that a factor would blur: 3 ms are 0.003 s.
+std::string TimeUtilities::durationText(std::int64_t value, UnitDuration from, UnitDuration to)
+{
+    const double factor = Platform::secondsIn(from) / Platform::secondsIn(to);
+    const double divisor = Platform::secondsIn(to) / Platform::secondsIn(from);
+    const auto number = static_cast<double>(value);
+    return Platform::durationText(factor < 1 ? number / divisor : number * factor, to).value_or("-");
+}
+
 }  // namespace Fennick

@@ -1,0 +1,67 @@
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Fennick/Profiler.h"
+#include "tests/fakes/VirtualClock.h"
+
+using Fennick::Profiler;
+
+namespace {
+
+std::string printed(const std::function<void()>& block)
+{
+    testing::internal::CaptureStdout();
+    block();
+    return testing::internal::GetCapturedStdout();
+}
+
+}  // namespace
+
+TEST(Profiler, PrintsTheTimeSinceTheLatestStartOnce)
+{
+    const Tests::ReplacedClock clock;
+    EXPECT_EQ(printed([] { Profiler::stop("a"); }), "");
+    Profiler::start("a");
+    clock->advance(5);
+    Profiler::start("a");
+    clock->advance(0.03125);
+    EXPECT_EQ(printed([] { Profiler::stop("a"); }), "a: 31.25000 ms\n");
+    EXPECT_EQ(printed([] { Profiler::stop("a"); }), "");
+}
+
+TEST(Profiler, StopsTheFirstWithoutAName)
+{
+    const Tests::ReplacedClock clock;
+    Profiler::start();
+    Profiler::start("b 100%s");
+    clock->advance(0.5);
+    EXPECT_EQ(printed([] { Profiler::stop(); }), "Profiler: 500.00000 ms\n");
+    EXPECT_EQ(printed([] { Profiler::stop(); }), "b 100%s: 500.00000 ms\n");
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_DEATH(Profiler::stop(),
+                 "Fennick/Profiler: Fatal error: This function can not be used with more than one active Profiler\\.");
+}
+
+TEST(Profiler, TakesStartsAndStopsFromManyThreads)
+{
+    const std::string lines = printed([] {
+        std::vector<std::thread> threads;
+        for (int i = 0; i < 4; ++i) {
+            threads.emplace_back([i] {
+                const std::string name = "thread " + std::to_string(i);
+                for (int round = 0; round < 100; ++round) {
+                    Profiler::start(name);
+                    Profiler::stop(name);
+                }
+            });
+        }
+        for (auto& thread : threads) thread.join();
+    });
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), '\n'), 400);
+    EXPECT_EQ(printed([] { Profiler::stop("thread 0"); }), "");
+}

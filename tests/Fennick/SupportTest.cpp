@@ -1,0 +1,27 @@
+#include <gtest/gtest.h>
+
+#include "Fennick/Support.h"
+#include "Fennick/internal/SupportPage.h"
+#include "tests/fakes/CapturingLog.h"
+#include "tests/fakes/FakeWorkspace.h"
+
+TEST(Support, OpensAnAddressOrSaysThatThereIsNone)
+{
+    const Tests::ReplacedWorkspace workspace;
+    const Tests::ReplacedLog log;
+    Fennick::internal::openPage("https://example.org/faq", "FAQ");
+    Fennick::internal::openPage("no address", "FAQ");
+    EXPECT_EQ(workspace->openedURLs(), std::vector{*Platform::Url::parse("https://example.org/faq")});
+    EXPECT_TRUE(log->messages().empty());
+    Fennick::internal::openPage("", "FAQ");
+    EXPECT_EQ(log->count("no address for the FAQ page"), 1u);
+}
+
+TEST(Support, OpensNothingInABuildWithoutAddresses)
+{
+    const Tests::ReplacedWorkspace workspace;
+    const Tests::ReplacedLog log;
+    Fennick::Support::openContactPage();
+    Fennick::Support::openFAQPage();
+    EXPECT_EQ(workspace->openedURLs().size() + log->count("no address"), 2u);
+}
