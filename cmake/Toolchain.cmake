@@ -21,6 +21,12 @@ if(PELLORA_SANITIZE)
   add_link_options(-fsanitize=${PELLORA_SANITIZE})
 endif()
 
+if(PELLORA_FUZZ)
+  # Every room counts its branches, so that the fuzz targets can steer by them.
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
 find_program(PELLORA_CCACHE ccache)
 if(PELLORA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   # Paths are hashed relative to the checkout and a fresh file's time is no

@@ -25,7 +25,8 @@ bool isSame(const AnyValue& key, std::string_view wanted)
 }
 bool isSame(const AnyValue& key, const AnyValue& wanted)
 {
-    return key == wanted;
+    const auto same = AnyValue::compareShortTexts(key, wanted);
+    return same ? *same : key == wanted;
 }
 
 }  // namespace

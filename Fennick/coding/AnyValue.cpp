@@ -43,18 +43,18 @@ private:
 };
 
 struct AnyValue::UrlNode : Node {
-    explicit UrlNode(Platform::Url held) : Node(Kind::url), url(std::move(held)) {}
+    explicit UrlNode(Platform::Url taken) : Node(Kind::url), url(std::move(taken)) {}
     Platform::Url url;
 };
 
 struct AnyValue::NumberNode : Node {
-    explicit NumberNode(const Number& held) : Node(Kind::number), number(held) {}
+    explicit NumberNode(const Number& taken) : Node(Kind::number), number(taken) {}
     Number number;
 };
 
 struct AnyValue::ObjectNode : Node {
-    ObjectNode(std::shared_ptr<const void> held, const std::type_info& ofType)
-        : Node(Kind::object), object(std::move(held)), type(ofType)
+    ObjectNode(std::shared_ptr<const void> taken, const std::type_info& ofType)
+        : Node(Kind::object), object(std::move(taken)), type(ofType)
     {
     }
     std::shared_ptr<const void> object;
@@ -62,12 +62,12 @@ struct AnyValue::ObjectNode : Node {
 };
 
 struct AnyValue::ArrayNode : Node {
-    explicit ArrayNode(AnyArray held) : Node(Kind::array), items(std::move(held)) {}
+    explicit ArrayNode(AnyArray taken) : Node(Kind::array), items(std::move(taken)) {}
     AnyArray items;
 };
 
 struct AnyValue::DictionaryNode : Node {
-    explicit DictionaryNode(AnyDictionary held) : Node(Kind::dictionary), members(std::move(held)) {}
+    explicit DictionaryNode(AnyDictionary taken) : Node(Kind::dictionary), members(std::move(taken)) {}
     AnyDictionary members;
 };
 

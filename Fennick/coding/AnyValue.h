@@ -174,6 +174,14 @@ public:
     // Numbers compare by value whatever their width, as do the members of
     // dictionaries whatever their order; other kinds are never equal to each other.
     friend bool operator==(const AnyValue& a, const AnyValue& b);
+    // The same answer for two texts that both stand in the values themselves,
+    // in a few instructions; absent for all others.
+    static std::optional<bool> compareShortTexts(const AnyValue& a, const AnyValue& b)
+    {
+        const bool areShort = a.kind_ == Kind::text && b.kind_ == Kind::text && !a.isHeld() && !b.isHeld();
+        if (!areShort) return std::nullopt;
+        return a.size_ == b.size_ && std::memcmp(a.bytes_, b.bytes_, inlineCapacity) == 0;
+    }
     std::size_t hash() const;
 
 private:

@@ -12,6 +12,7 @@
 #include <simdjson.h>
 
 #include "Fennick/coding/AnyCodable.h"
+#include "Fennick/coding/AnyDecodable.h"
 #include "platform/coding/JSONDecoder.h"
 #include "platform/coding/JSONEncoder.h"
 

@@ -1,4 +1,4 @@
-#include "Lorrel/apps/Apps.h"
+#include "Lorrel/apps/queries/Apps.h"
 
 #include "platform/runtime/Log.h"
 #include "platform/session/ProcessTable.h"
