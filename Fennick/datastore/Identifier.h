@@ -13,7 +13,12 @@ namespace Fennick {
 // One named reading under a key. Held by std::shared_ptr and compared by identity.
 class Identifier {
 public:
+    // Which of the store's own classes an identifier is, told without a cast.
+    enum class Kind : std::uint8_t { number, string, wrapped, other };
+
     virtual ~Identifier() = default;
+
+    Kind kind() const { return kind_; }
 
     // The text to show.
     virtual std::string description() const = 0;
@@ -24,6 +29,12 @@ public:
     virtual std::optional<Platform::Number> value() const = 0;
     // Null when there is none.
     virtual Platform::ImageRef icon() const = 0;
+
+protected:
+    explicit Identifier(Kind kind = Kind::other) : kind_(kind) {}
+
+private:
+    const Kind kind_;
 };
 
 // Something that remembers its recent numbers, oldest first.

@@ -31,11 +31,14 @@ public:
     // percentage rounded half to even to at most so many; both follow the locale.
     std::string description() const override;
 
-    void replaceNumber(std::optional<Platform::Number> number) { rawValue_.store(number); }
     // For an owner that lets in one writer at a time.
     void replaceNumberAlone(std::optional<Platform::Number> number) { rawValue_.storeAlone(number); }
 
 private:
+    template <typename, typename>
+    friend class Slots::BoxingSetSlot;
+    void replaceNumber(std::optional<Platform::Number> number) { rawValue_.store(number); }
+
     std::string wholeText(const Platform::Number& number) const;
     std::string percentageText(const Platform::Number& number) const;
 
