@@ -1,0 +1,148 @@
+#include <atomic>
+#include <random>
+#include <string>
+#include <thread>
+#include <unordered_map>
+
+#include <gtest/gtest.h>
+
+#include "Fennick/datastore/RKDictionary.h"
+#include "Fennick/datastore/Stack.h"
+#include "platform/runtime/Semaphore.h"
+#include "platform/runtime/Shared.h"
+
+using namespace Fennick;
+
+namespace {
+
+using Numbers = RKDictionary<std::string, int>;
+
+class DictionaryOfType : public testing::TestWithParam<ThreadingType> {
+protected:
+    Numbers numbers{Numbers::Map{{"a", 1}, {"b", 2}}, GetParam()};
+};
+
+INSTANTIATE_TEST_SUITE_P(Both, DictionaryOfType, testing::Values(ThreadingType::serial, ThreadingType::concurrent));
+
+}  // namespace
+
+TEST(ThreadedObject, GetsLabelsThatCountFromZero)
+{
+    Platform::Shared<LabelDispatch::Counter>::Override fresh;
+    const ThreadedObject<int> first(0, ThreadingType::serial);
+    const ThreadedObject<int> second(0, ThreadingType::concurrent);
+    const Numbers third;
+    EXPECT_EQ(first.label(), "com.threading.dispatchqueue_0");
+    EXPECT_EQ(second.label(), "com.threading.dispatchqueue_1");
+    EXPECT_EQ(third.label(), "com.threading.dispatchqueue_2");
+    EXPECT_EQ(first.threadingType(), ThreadingType::serial);
+    EXPECT_EQ(third.threadingType(), ThreadingType::concurrent);
+}
+
+TEST(ThreadedObject, KeepsItsValueForWritesThatArePendingWhenItEnds)
+{
+    Platform::Semaphore done(0);
+    auto object = std::make_unique<ThreadedObject<std::string>>("", ThreadingType::concurrent);
+    std::string last;
+    for (int at = 0; at < 100; ++at) object->write([](std::string& text) { text += 'x'; });
+    object->write([&](std::string& text) {
+        last = text;
+        done.signal();
+    });
+    object.reset();
+    ASSERT_TRUE(done.waitFor(std::chrono::seconds(10)));
+    EXPECT_EQ(last, std::string(100, 'x'));
+}
+
+// A value's end may use the container that held it.
+TEST(ThreadedObject, LetsReplacedValuesEndOutsideItsQueue)
+{
+    struct Reader {
+        Numbers& numbers;
+        std::atomic<int>& count;
+        ~Reader() { count += static_cast<int>(numbers.size()); }
+    };
+    Numbers numbers(Numbers::Map{{"a", 1}});
+    std::atomic<int> count = 0;
+    RKDictionary<int, std::shared_ptr<Reader>> readers;
+    readers.set(1, std::make_shared<Reader>(Reader{numbers, count}));
+    readers.set(1, nullptr);
+    readers.set(2, std::make_shared<Reader>(Reader{numbers, count}));
+    readers.set(2, std::nullopt);
+    readers.set(3, std::make_shared<Reader>(Reader{numbers, count}));
+    readers.removeAll();
+    EXPECT_EQ(readers.count(), 0U);
+    EXPECT_GE(count, 3);
+}
+
+TEST_P(DictionaryOfType, ReadsWhatItsThreadWrote)
+{
+    numbers.set("c", 3);
+    EXPECT_EQ(numbers["c"], 3);
+    numbers.set("a", std::nullopt);
+    EXPECT_EQ(numbers.count(), 2U);
+    EXPECT_EQ(numbers["a"], std::nullopt);
+    numbers.modify("b", [](std::optional<int>& value) { *value += 40; });
+    numbers.modify("d", [](std::optional<int>& value) { value = value.value_or(0) + 4; });
+    EXPECT_EQ(numbers.values(), (std::vector{42, 3, 4}));
+    numbers.removeAll();
+    EXPECT_TRUE(numbers.isEmpty());
+    EXPECT_EQ(numbers.startIndex(), numbers.endIndex());
+}
+
+TEST_P(DictionaryOfType, IteratesInSteadyPlacesWhileItChanges)
+{
+    std::string walked;
+    for (const auto& [key, value] : numbers) {
+        walked += key;
+        if (key != "a") continue;
+        numbers.set("a", std::nullopt);
+        for (int at = 0; at < 100; ++at) numbers.set("gone", at % 2 ? std::nullopt : std::optional(at));
+        numbers.set("z", 26);
+    }
+    EXPECT_EQ(walked, "abz");
+    auto index = numbers.startIndex();
+    EXPECT_EQ(numbers.at(index)->key, "b");
+    numbers.set("b", std::nullopt);
+    EXPECT_FALSE(numbers.at(index));
+    index = numbers.indexAfter(index);
+    EXPECT_EQ(numbers.at(index)->value, 26);
+    EXPECT_EQ(numbers.indexAfter(index), numbers.endIndex());
+}
+
+TEST(KeyedTable, AnswersLikeTheLibrarysMapThroughRandomChanges)
+{
+    std::mt19937 random(5);
+    KeyedTable<std::string, int> table;
+    std::unordered_map<std::string, int> model;
+    for (int step = 0; step < 50'000; ++step) {
+        const std::string key(random() % 12, static_cast<char>('a' + random() % 4));
+        const int value = static_cast<int>(random() % 1000);
+        const bool removes = random() % 3 == 0;
+        const auto before = model.find(key);
+        const std::optional<int> expected = before == model.end() ? std::nullopt : std::optional(before->second);
+        ASSERT_EQ(table.replace(key, removes ? std::nullopt : std::optional(value)), expected);
+        if (removes) {
+            model.erase(key);
+        } else {
+            model[key] = value;
+        }
+        ASSERT_EQ(table.size(), model.size());
+    }
+    table.forEach([&](const auto& entry) { EXPECT_EQ(model.at(entry.key), entry.value); });
+    for (const auto& [key, value] : model) EXPECT_EQ(*table.find(std::string_view(key)), value);
+}
+
+TEST(Stack, GivesBackTheLastElementFirst)
+{
+    Stack<std::string> stack;
+    EXPECT_EQ(stack.pop(), std::nullopt);
+    EXPECT_EQ(stack.peek(), std::nullopt);
+    stack.push("one");
+    stack.push("two");
+    EXPECT_EQ(stack.peek(), "two");
+    EXPECT_EQ(stack.pop(), "two");
+    EXPECT_EQ(stack.count(), 1U);
+    stack.clear();
+    EXPECT_TRUE(stack.isEmpty());
+}

@@ -1,0 +1,224 @@
+#include <functional>
+
+#include <gtest/gtest.h>
+#include <malloc.h>
+
+#include "Fennick/datastore/DataProviderContainer.h"
+#include "Fennick/datastore/DataStore.h"
+#include "platform/runtime/RunLoop.h"
+#include "tests/fakes/VirtualClock.h"
+
+using namespace Fennick;
+using Platform::Number;
+
+namespace {
+
+// Counts its updates in the reading "count", or does what a test gives it to do.
+class CountingProvider final : public IDataProvider {
+public:
+    explicit CountingProvider(int keys = 1)
+    {
+        for (int at = 0; at < keys; ++at) store_->add(std::make_shared<NumberIdentifier>(key(at)));
+    }
+
+    static std::string key(int at) { return at == 0 ? "count" : "count " + std::to_string(at); }
+
+    std::optional<Number> valueFor(std::string_view key) const override { return store_->valueFor(key); }
+    std::string stringFor(std::string_view key) const override { return store_->stringFor(key); }
+    std::shared_ptr<IDataStore> store() const override { return store_; }
+    std::int64_t historySize() const override { return store_->historySize(); }
+    void setHistorySize(std::int64_t size) override { store_->setHistorySize(size); }
+    void update(double seconds) override
+    {
+        elapsed.push_back(seconds);
+        for (std::size_t at = 0; at < store_->data().count(); ++at) {
+            store_->set(static_cast<long>(elapsed.size()), key(static_cast<int>(at)));
+        }
+        if (onUpdate) onUpdate();
+    }
+
+    std::vector<double> elapsed;
+    std::function<void()> onUpdate;
+
+private:
+    std::shared_ptr<IDataStore> store_ = std::make_shared<DataStore>();
+};
+
+struct Listener final : DataProviderContainerDelegate {
+    void didRefresh(double seconds) override
+    {
+        elapsed.push_back(seconds);
+        if (onRefresh) onRefresh();
+    }
+    std::vector<double> elapsed;
+    std::function<void()> onRefresh;
+};
+
+class ContainerTest : public testing::Test {
+protected:
+    ~ContainerTest() override { container->stop(); }
+
+    void letPass(double seconds)
+    {
+        clock->advance(seconds);
+        Platform::RunLoop::main().drain();
+    }
+    // Starts refreshing every second, with one provider and a delegate.
+    void startTicking()
+    {
+        container->addProvider(provider);
+        container->setDelegate(listener);
+        container->setInterval(1);
+    }
+
+    Tests::ReplacedClock clock;
+    std::shared_ptr<DataProviderContainer> container = DataProviderContainer::create(std::nullopt);
+    std::shared_ptr<CountingProvider> provider = std::make_shared<CountingProvider>();
+    std::shared_ptr<Listener> listener = std::make_shared<Listener>();
+};
+
+using Seconds = std::vector<double>;
+
+}  // namespace
+
+TEST_F(ContainerTest, RefreshesByItselfOnlyWithAnInterval)
+{
+    container->addProvider(provider);
+    container->start();
+    letPass(100);
+    EXPECT_TRUE(provider->elapsed.empty());
+    container->setInterval(2);
+    EXPECT_EQ(container->lastRefresh(), clock->wallSeconds());
+    letPass(1.5);
+    EXPECT_TRUE(provider->elapsed.empty());
+    letPass(0.5);
+    EXPECT_EQ(provider->elapsed, Seconds{2});
+    container->setInterval(std::nullopt);
+    letPass(10);
+    EXPECT_EQ(provider->elapsed.size(), 1U);
+}
+
+TEST_F(ContainerTest, TellsProvidersAndDelegateTheElapsedTimeAndMergesTheReadings)
+{
+    startTicking();
+    letPass(1);
+    letPass(2.5);
+    letPass(0.5);
+    EXPECT_EQ(provider->elapsed, (Seconds{1, 2.5, 0.5}));
+    EXPECT_EQ(listener->elapsed, provider->elapsed);
+    EXPECT_EQ(container->valueAs<int>("count"), 3);
+    EXPECT_EQ(container->stringFor("count"), "3");
+    EXPECT_EQ(container->valueAs<double>("missing"), 0);
+    EXPECT_EQ(container->valueFor("missing"), std::nullopt);
+}
+
+TEST_F(ContainerTest, GoesOnTickingWhenTheWallClockIsSetBack)
+{
+    startTicking();
+    letPass(1);
+    clock->setWall(clock->wallSeconds() - 3600);
+    letPass(1);
+    letPass(1);
+    EXPECT_EQ(provider->elapsed, (Seconds{1, -3599, 1}));
+}
+
+TEST_F(ContainerTest, RefreshesOnceForEachOfManyContainersAfterASuspend)
+{
+    std::vector<std::shared_ptr<DataProviderContainer>> sleepers;
+    std::vector<std::shared_ptr<CountingProvider>> providers;
+    for (int at = 0; at < 50; ++at) {
+        sleepers.push_back(DataProviderContainer::create(1 + at * 0.01));
+        sleepers.back()->addProvider(providers.emplace_back(std::make_shared<CountingProvider>()));
+    }
+    letPass(8 * 3600);
+    for (const auto& each : providers) EXPECT_EQ(each->elapsed, Seconds{8 * 3600});
+    for (const auto& each : sleepers) each->stop();
+}
+
+TEST_F(ContainerTest, RefreshesAProviderAsOftenAsItWasAdded)
+{
+    container->addProvider(provider);
+    container->addProvider(nullptr);
+    container->addProvider(provider);
+    container->refresh();
+    EXPECT_EQ(provider->elapsed.size(), 2U);
+    container->removeProvider(container->providers().front());
+    container->refresh();
+    EXPECT_EQ(provider->elapsed.size(), 2U);
+    EXPECT_TRUE(container->providers().empty());
+}
+
+TEST_F(ContainerTest, StopsForGoodButKeepsTheLastReadings)
+{
+    startTicking();
+    letPass(1);
+    container->stop();
+    letPass(5);
+    EXPECT_EQ(provider->elapsed.size(), 1U);
+    EXPECT_FALSE(provider->store()->contains("count"));
+    EXPECT_TRUE(container->providers().empty());
+    EXPECT_EQ(container->valueAs<long>("count"), 1);
+    container->start();
+    container->start();
+    letPass(1);
+    EXPECT_EQ(listener->elapsed.size(), 2U);
+}
+
+TEST_F(ContainerTest, HandsItsHistoryLengthToThePresentProviders)
+{
+    container->addProvider(provider);
+    container->setHistorySize(30);
+    const auto later = std::make_shared<CountingProvider>();
+    container->addProvider(later);
+    EXPECT_EQ(provider->historySize(), 30);
+    EXPECT_EQ(later->historySize(), 60);
+    EXPECT_EQ(container->store()->historySize(), 60);
+}
+
+TEST_F(ContainerTest, BearsWithProvidersAndDelegatesThatChangeItWhileItRefreshes)
+{
+    startTicking();
+    const auto second = std::make_shared<CountingProvider>();
+    container->addProvider(second);
+    provider->onUpdate = [&] { container->removeProvider(provider); };
+    letPass(1);
+    letPass(1);
+    EXPECT_EQ(provider->elapsed.size(), 1U);
+    EXPECT_EQ(second->elapsed.size(), 2U);
+
+    listener->onRefresh = [&] { listener.reset(); };
+    letPass(1);
+    EXPECT_EQ(container->delegate(), nullptr);
+    letPass(1);
+    second->onUpdate = [&] { container->stop(); };
+    letPass(1);
+    letPass(1);
+    EXPECT_EQ(second->elapsed.size(), 5U);
+}
+
+TEST_F(ContainerTest, LivesAsLongAsItsTimerAndEndsInsideItsOwnRefresh)
+{
+    std::weak_ptr<DataProviderContainer> watched = DataProviderContainer::create(1);
+    ASSERT_FALSE(watched.expired());
+    watched.lock()->addProvider(provider);
+    provider->onUpdate = [&] {
+        if (const auto ticking = watched.lock()) ticking->stop();
+    };
+    letPass(1);
+    EXPECT_EQ(provider->elapsed.size(), 1U);
+    EXPECT_TRUE(watched.expired());
+}
+
+// 200 keys, ten times a second: what is in use once all is warm is all that is ever needed.
+TEST_F(ContainerTest, NeedsNoMoreMemoryAfterManyTicks)
+{
+    container->addProvider(std::make_shared<CountingProvider>(200));
+    container->setInterval(0.1);
+    const auto ticks = [&](int count) {
+        while (count-- > 0) letPass(0.1);
+        container->store()->data().count();
+        return mallinfo2().uordblks;
+    };
+    const auto before = ticks(200);
+    EXPECT_LT(ticks(2000), before + 64 * 1024);
+}

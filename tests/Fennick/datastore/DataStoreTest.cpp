@@ -1,0 +1,195 @@
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "Fennick/datastore/DataStore.h"
+#include "Fennick/datastore/StringIdentifier.h"
+#include "Fennick/datastore/WrappedIdentifier.h"
+
+using namespace Fennick;
+using Platform::CGFloat;
+using Platform::Number;
+
+namespace {
+
+class DataStoreWithReadings : public testing::Test {
+protected:
+    DataStoreWithReadings()
+    {
+        store.add(cpu);
+        store.add(std::make_shared<StringIdentifier>("host", "Host", "box"));
+        store.add(std::make_shared<WrappedIdentifier>("alias", "Alias", "cpu"));
+        store.add(std::make_shared<WrappedIdentifier>("second", "Alias of an alias", "alias"));
+        store.add(std::make_shared<WrappedIdentifier>("dangling", "Alias of nothing", "missing"));
+    }
+
+    std::shared_ptr<NumberIdentifier> cpu = std::make_shared<NumberIdentifier>("cpu");
+    DataStore implementation;
+    IDataStore& store = implementation;
+};
+
+template <typename T>
+void incrementsWithinItsType(IDataStore& store, const char* key)
+{
+    store.set(T(3), key);
+    store.increment(T(5), key);
+    EXPECT_EQ(store.valueFor(key), Number(8));
+    EXPECT_EQ(store.historyFor(key)->back(), Number(8));
+    if constexpr (std::integral<T>) {
+        store.set(std::numeric_limits<T>::max(), key);
+        store.increment(T(1), key);
+        EXPECT_EQ(store.valueFor(key)->template as<T>(), std::numeric_limits<T>::max());
+    }
+    store.set(std::optional<T>(), key);
+    store.increment(T(5), key);
+    EXPECT_EQ(store.valueFor(key), std::nullopt);
+}
+
+template <typename T>
+void readsAs(IDataStore& store, T expected)
+{
+    store.set(-1.75, "cpu");
+    EXPECT_EQ(store.valueAs<T>("cpu"), expected);
+    EXPECT_EQ(store.valueAs<T>("missing"), T(0));
+}
+
+template <typename T>
+void historyReadsAs(IDataStore& store, T expected)
+{
+    store.set(300.1, "cpu");
+    EXPECT_EQ(store.historyAs<T>("cpu").back(), expected);
+    EXPECT_TRUE(store.historyAs<T>("missing").empty());
+}
+
+}  // namespace
+
+TEST_F(DataStoreWithReadings, AnswersByKeyAndThroughAnAlias)
+{
+    store.set(42, "cpu");
+    for (const char* key : {"cpu", "alias"}) {
+        EXPECT_EQ(store.valueFor(key), Number(42));
+        EXPECT_EQ(store.stringFor(key), "42");
+        EXPECT_EQ(store.historyFor(key)->size(), 60U);
+        EXPECT_EQ(store.minFor(key), Number(42));
+        EXPECT_EQ(store.maxFor(key), Number(42));
+        EXPECT_EQ(store.identifierFor(key), cpu);
+        EXPECT_EQ(store.identifierAs<MaxValueProvider>(key), cpu);
+        EXPECT_TRUE(store.hasHistory(key) && store.contains(key));
+    }
+    EXPECT_EQ(store.identifierAs<StringIdentifier>("cpu"), nullptr);
+}
+
+TEST_F(DataStoreWithReadings, AnswersEmptilyForKeysThatLeadNowhere)
+{
+    for (const char* key : {"missing", "CPU", "dangling", "second"}) {
+        EXPECT_EQ(store.valueFor(key), std::nullopt) << key;
+        EXPECT_EQ(store.stringFor(key), "-");
+        EXPECT_EQ(store.valueAs<long>(key), 0);
+        EXPECT_FALSE(store.hasHistory(key) || store.minFor(key) || store.maxFor(key) || store.historyFor(key));
+    }
+    EXPECT_TRUE(store.contains("dangling"));
+    EXPECT_FALSE(store.contains("missing"));
+    EXPECT_NE(store.identifierAs<WrappedIdentifier>("second"), nullptr);
+}
+
+TEST_F(DataStoreWithReadings, WritesOnlyWhatStandsUnderTheKeyItself)
+{
+    store.set(3, "cpu");
+    store.set(7, "alias");
+    store.increment(5, "alias");
+    store.setString("x", 1.5, "cpu");
+    store.setString("x", "alias");
+    store.set(9, "host");
+    store.set(9, "missing");
+    EXPECT_EQ(store.valueFor("cpu"), Number(3));
+    EXPECT_EQ(store.stringFor("host"), "box");
+    EXPECT_FALSE(store.contains("missing"));
+
+    store.setString("ok", 1.5, "host");
+    EXPECT_EQ(store.stringFor("host"), "ok");
+    EXPECT_EQ(store.valueAs<double>("host"), 1.5);
+    EXPECT_EQ(store.historyFor("host")->back(), Number(1.5));
+    store.increment(1, "host");
+    EXPECT_EQ(store.valueFor("host"), Number(1.5));
+    store.setString(std::nullopt, "host");
+    EXPECT_EQ(store.stringFor("host"), "-");
+}
+
+TEST_F(DataStoreWithReadings, IncrementsInEachType)
+{
+    incrementsWithinItsType<long>(store, "cpu");
+    incrementsWithinItsType<short>(store, "cpu");
+    incrementsWithinItsType<int>(store, "cpu");
+    incrementsWithinItsType<long long>(store, "cpu");
+    incrementsWithinItsType<unsigned long>(store, "cpu");
+    incrementsWithinItsType<unsigned short>(store, "cpu");
+    incrementsWithinItsType<unsigned int>(store, "cpu");
+    incrementsWithinItsType<unsigned long long>(store, "cpu");
+    incrementsWithinItsType<float>(store, "cpu");
+    incrementsWithinItsType<double>(store, "cpu");
+}
+
+TEST_F(DataStoreWithReadings, ReadsInEachType)
+{
+    readsAs<long>(store, -1);
+    readsAs<unsigned long>(store, ~0UL);
+    readsAs<signed char>(store, -1);
+    readsAs<unsigned char>(store, 255);
+    readsAs<short>(store, -1);
+    readsAs<unsigned short>(store, 65535);
+    readsAs<int>(store, -1);
+    readsAs<unsigned int>(store, ~0U);
+    readsAs<long long>(store, -1);
+    readsAs<unsigned long long>(store, ~0ULL);
+    readsAs<float>(store, -1.75F);
+    readsAs<double>(store, -1.75);
+    historyReadsAs<signed char>(store, 44);
+    historyReadsAs<short>(store, 300);
+    historyReadsAs<int>(store, 300);
+    historyReadsAs<long long>(store, 300);
+    historyReadsAs<unsigned char>(store, 44);
+    historyReadsAs<unsigned short>(store, 300);
+    historyReadsAs<unsigned int>(store, 300);
+    historyReadsAs<unsigned long long>(store, 300);
+    historyReadsAs<float>(store, 300.1F);
+    historyReadsAs<CGFloat>(store, CGFloat(300.1F));
+    historyReadsAs<double>(store, 300.1);
+}
+
+TEST_F(DataStoreWithReadings, GivesEveryIdentifierItsHistoryLength)
+{
+    EXPECT_EQ(store.historySize(), 60);
+    store.set(5, "cpu");
+    store.setHistorySize(10);
+    EXPECT_EQ(store.historyAs<int>("cpu"), std::vector<int>(10, 0));
+    EXPECT_EQ(store.historyAs<int>("host").size(), 10U);
+    store.add(std::make_shared<NumberIdentifier>("late"));
+    EXPECT_EQ(store.historyAs<int>("late").size(), 10U);
+    store.set(5, "cpu");
+    store.setHistorySize(10);
+    EXPECT_EQ(store.historyAs<int>("cpu").back(), 0);
+}
+
+TEST_F(DataStoreWithReadings, MergesAndRemoves)
+{
+    DataStore other;
+    const auto replacement = std::make_shared<NumberIdentifier>("cpu");
+    other.setHistorySize(3);
+    other.add(replacement);
+    other.add(std::make_shared<NumberIdentifier>("new"));
+    store.merge(other);
+    store.merge(store);
+    EXPECT_EQ(store.identifierFor("cpu"), replacement);
+    EXPECT_EQ(store.historyFor("new")->size(), 3U);
+    EXPECT_EQ(store.data().count(), 6U);
+
+    store.add(nullptr);
+    store.data().set("null", std::shared_ptr<Identifier>());
+    EXPECT_EQ(store.stringFor("null"), "-");
+    store.setHistorySize(4);
+    store.remove("null");
+    store.remove(*replacement);
+    EXPECT_FALSE(store.contains("cpu"));
+    store.removeAll();
+    EXPECT_FALSE(store.contains("new") || store.contains("host"));
+}

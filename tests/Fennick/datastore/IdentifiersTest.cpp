@@ -1,0 +1,213 @@
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "Fennick/datastore/NumberIdentifier.h"
+#include "Fennick/datastore/StringIdentifier.h"
+#include "Fennick/datastore/WrappedIdentifier.h"
+#include "tests/fakes/FakeEnvironment.h"
+
+using namespace Fennick;
+using Platform::Number;
+using Category = IdentifierCategory;
+
+namespace {
+
+std::vector<double> doubles(const std::vector<Number>& numbers)
+{
+    std::vector<double> result;
+    for (const Number& number : numbers) result.push_back(number.doubleValue());
+    return result;
+}
+
+// Sets two values of a type, then an absent one.
+template <typename T>
+void setsLike(char code)
+{
+    Value value(Category::raw, true, std::nullopt);
+    IValueProvider& provider = value;
+    provider.set(std::optional<T>(T(7)));
+    EXPECT_EQ(provider.value()->typeCode(), code);
+    provider.set(T(9));
+    EXPECT_EQ(provider.value()->typeCode(), code);
+    EXPECT_EQ(provider.value()->as<T>(), T(9));
+    provider.set(std::optional<T>());
+    EXPECT_EQ(provider.description(), "-");
+}
+
+template <typename T>
+concept CanBeSet = requires(Value value, T number)
+{
+    value.set(number);
+};
+
+}  // namespace
+
+TEST(Value, RemembersTheTypeThatItWasSetFrom)
+{
+    setsLike<long>('q');
+    setsLike<signed char>('c');
+    setsLike<short>('s');
+    setsLike<int>('i');
+    setsLike<long long>('q');
+    setsLike<unsigned long>('Q');
+    setsLike<unsigned char>('C');
+    setsLike<unsigned short>('S');
+    setsLike<unsigned int>('I');
+    setsLike<unsigned long long>('Q');
+    setsLike<float>('f');
+    setsLike<double>('d');
+    static_assert(!CanBeSet<bool> && !CanBeSet<char> && !CanBeSet<long double> && CanBeSet<int>);
+}
+
+TEST(Value, ShowsItsNumberByCategoryDecimalsAndSign)
+{
+    struct Row {
+        Category category;
+        bool isSigned;
+        std::optional<std::int64_t> decimals;
+        double number;
+        const char* expected;
+    };
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    Tests::ReplacedEnvironment environment;
+    environment->set("LANG", "en_US.UTF-8");
+    for (const Row& row :
+         {Row{Category::raw, true, std::nullopt, -5, "-5"},
+          Row{Category::raw, false, std::nullopt, -5, "18446744073709551611"},
+          Row{Category::raw, true, 2, 1.999, "1.99"}, Row{Category::raw, true, 2, 7, "7.00"},
+          Row{Category::raw, true, 2000, 7, "-"}, Row{Category::raw, true, std::nullopt, nan, "0"},
+          Row{Category::percentage, true, std::nullopt, 42, "42 %"},
+          Row{Category::percentage, false, std::nullopt, -1, "18446744073709551615 %"},
+          Row{Category::percentage, true, 1, 12.25, "12.2 %"}, Row{Category::percentage, true, 1, 12.0, "12 %"},
+          Row{Category::percentage, true, 2, 12.5, "12.5 %"}, Row{Category::size, true, 3, 0, "0 B"},
+          Row{Category::size, true, 3, 1023, "1023 B"}, Row{Category::size, true, std::nullopt, -1024, "16 EB"}}) {
+        Value value(row.category, row.isSigned, row.decimals);
+        EXPECT_EQ(value.description(), "-");
+        value.set(row.number);
+        EXPECT_EQ(value.description(), row.expected);
+    }
+}
+
+TEST(NumberIdentifier, FillsWhatAConstructorLeavesOut)
+{
+    const auto icon = Platform::ImageRef(std::make_shared<int>(), static_cast<Platform::Image*>(nullptr));
+    const NumberIdentifier bare("key");
+    EXPECT_EQ(bare.name(), "key");
+    EXPECT_EQ(bare.description(), "-");
+    EXPECT_EQ(bare.icon(), nullptr);
+    EXPECT_EQ(bare.history().size(), 60U);
+    EXPECT_FALSE(bare.value() || bare.min() || bare.max());
+
+    const auto shown = [](NumberIdentifier&& identifier) {
+        identifier.set(-1.5);
+        return identifier.description();
+    };
+    EXPECT_EQ(shown(NumberIdentifier("key", icon)), "-1");
+    EXPECT_EQ(shown({"key", "Name", 2}), "-1.50");
+    EXPECT_EQ(shown({"key", "Name", 1, icon}), "-1.5");
+    EXPECT_EQ(shown({"key", "Name", Category::percentage}), "-1 %");
+    EXPECT_EQ(shown({"key", "Name", Category::percentage, 1}), "-1.5 %");
+    EXPECT_EQ(shown({"key", "Name", Category::percentage, std::nullopt}), "-1 %");
+    EXPECT_EQ(shown({"key", "Name", Category::raw, false}), "18446744073709551615");
+    EXPECT_EQ(shown({"key", "Name", Category::raw, false, icon}), "18446744073709551615");
+    EXPECT_EQ(shown({"key", "Name", Category::raw, false, 3}), "-1.500");
+    EXPECT_EQ(shown({"key", "Name", Category::raw, true, 0, icon}), "-1");
+}
+
+TEST(NumberIdentifier, SlidesItsHistoryAndWidensItsExtremes)
+{
+    NumberIdentifier identifier("key");
+    for (int reading : {5, 3, 9}) identifier.set(reading);
+    auto history = doubles(identifier.history());
+    ASSERT_EQ(history.size(), 60U);
+    EXPECT_EQ((std::vector(history.end() - 4, history.end())), (std::vector<double>{0, 5, 3, 9}));
+
+    identifier.set(std::optional<int>());
+    EXPECT_EQ(identifier.description(), "-");
+    EXPECT_EQ(identifier.history().size(), 59U);
+    identifier.set(4U);
+    EXPECT_EQ(identifier.history().size(), 59U);
+    EXPECT_EQ(identifier.min(), Number(3));
+    EXPECT_EQ(identifier.max(), Number(9));
+}
+
+TEST(NumberIdentifier, RebuildsItsHistoryToAnySize)
+{
+    NumberIdentifier identifier("key");
+    identifier.set(8);
+    identifier.setHistorySize(10);
+    EXPECT_EQ(doubles(identifier.history()), std::vector<double>(10, 0));
+    EXPECT_EQ(identifier.max(), Number(8));
+    for (const std::int64_t size : {0, -7}) {
+        identifier.setHistorySize(size);
+        EXPECT_EQ(identifier.historySize(), size);
+        identifier.set(std::optional<double>());
+        EXPECT_TRUE(identifier.history().empty());
+        identifier.set(1);
+        identifier.set(2);
+        EXPECT_EQ(doubles(identifier.history()), std::vector<double>{2});
+    }
+    identifier.setHistory({1, 2, 3});
+    identifier.set(4);
+    EXPECT_EQ(doubles(identifier.history()), (std::vector<double>{2, 3, 4}));
+    identifier.setHistory({});
+    identifier.set(5);
+    EXPECT_EQ(doubles(identifier.history()), std::vector<double>{5});
+}
+
+TEST(NumberHistory, SlidesLikeAListThroughEveryMixOfChanges)
+{
+    NumberHistory ring(4);
+    std::vector<double> model(4, 0);
+    unsigned random = 1;
+    for (int step = 0; step < 5000; ++step) {
+        random = random * 1664525 + 1013904223;
+        const auto choice = random >> 28;
+        if (choice < 11 || choice == 11) {
+            if (!model.empty()) model.erase(model.begin());
+            if (choice < 11) model.push_back(step);
+            choice < 11 ? ring.push(step) : ring.dropOldest();
+        } else if (choice < 14) {
+            model.assign(choice - 9, 0);
+            ring.fillWithZeros(choice - 9);
+        } else {
+            model.assign(random >> 20 & 15, step);
+            ring.assign(std::vector<Number>(model.begin(), model.end()));
+        }
+        ASSERT_EQ(doubles(ring.numbers()), model);
+    }
+}
+
+TEST(StringIdentifier, KeepsANumberBehindItsText)
+{
+    StringIdentifier plain("key", "Name", "text");
+    plain.setString("other");
+    EXPECT_EQ(plain.description(), "other");
+    EXPECT_EQ(doubles(plain.history()), std::vector<double>(60, 0));
+    EXPECT_FALSE(plain.value() || plain.min());
+
+    StringIdentifier counted("key", "Name", std::nullopt, 4.5);
+    EXPECT_EQ(counted.description(), "-");
+    EXPECT_EQ(counted.history().back(), Number(4.5));
+    EXPECT_EQ(counted.min(), counted.max());
+    counted.setString("six", 6);
+    EXPECT_EQ(counted.value(), Number(6));
+    EXPECT_EQ(counted.min(), Number(4.5));
+    EXPECT_EQ(counted.max(), Number(6));
+    counted.setHistorySize(2);
+    EXPECT_EQ(doubles(counted.history()), (std::vector<double>{0, 0}));
+}
+
+TEST(WrappedIdentifier, MayNotBeAskedItself)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    WrappedIdentifier alias("alias", "Name", "target");
+    alias.setWrappedIdentifier("other");
+    EXPECT_EQ(alias.wrappedIdentifier(), "other");
+    EXPECT_DEATH(alias.value(),
+                 "Fennick/WrappedIdentifier: Fatal error: Use IDataStore to get value of wrapped identifier.");
+    EXPECT_DEATH(alias.description(), "Use IDataStore to get string of wrapped identifier.");
+}
