@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
+#include <utility>
 
 #include "Lorrel/system/internal/MobileDeviceTable.h"
 
@@ -11,7 +13,7 @@ namespace {
 
 using Rows = std::span<const MobileDeviceRow>;
 
-constexpr MobileDeviceRow genericPhone{"", "iPhone", "iPhone", nullptr};
+constexpr MobileDeviceRow genericPhone{"", "iPhone", "iPhone", ""};
 constexpr MobileDeviceRow genericTablet{"", "iPad", "iPad", "com.apple.ipad-pro-12point9-2.icns"};
 constexpr MobileDeviceRow genericWatch{"", "Apple Watch", "Apple Watch", "com.apple.watch-placeholder.icns"};
 
@@ -21,8 +23,8 @@ std::shared_ptr<MobileDevice> record(Rows rows, std::string_view identifier, con
     const auto found = std::ranges::find(rows, identifier, &MobileDeviceRow::identifier);
     const MobileDeviceRow* row = found == rows.end() ? generic : &*found;
     if (!row) return nullptr;
-    return std::make_shared<Family>(row->name, row->shortName,
-                                    row->iconName ? std::optional<std::string>(row->iconName) : std::nullopt);
+    auto iconName = row->iconName.empty() ? std::nullopt : std::optional<std::string>(row->iconName);
+    return std::make_shared<Family>(std::string(row->name), std::string(row->shortName), std::move(iconName));
 }
 
 std::shared_ptr<MobileDevice> phone(std::string_view identifier)

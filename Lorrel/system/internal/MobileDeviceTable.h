@@ -1,15 +1,16 @@
 #pragma once
 
 #include <span>
+#include <string_view>
 
 namespace Lorrel {
 
-// One line of a family's table. A null icon file means that there is none.
+// One line of a family's table. An empty icon file means that there is none.
 struct MobileDeviceRow {
-    const char* identifier;
-    const char* name;
-    const char* shortName;
-    const char* iconName;
+    std::string_view identifier;
+    std::string_view name;
+    std::string_view shortName;
+    std::string_view iconName;
 };
 
 std::span<const MobileDeviceRow> phoneRows();

@@ -6,7 +6,7 @@ namespace {
 
 // In order of model number, which is the order of lookup.
 constexpr MobileDeviceRow rows[] = {
-    {"iPhone1,1", "iPhone", "iPhone", nullptr},
+    {"iPhone1,1", "iPhone", "iPhone", ""},
     {"iPhone1,2", "iPhone 3G", "iPhone 3", "com.apple.iphone-3g.icns"},
     {"iPhone2,1", "iPhone 3GS", "iPhone 3", "com.apple.iphone-3g.icns"},
     {"iPhone3,1", "iPhone 4", "iPhone 4", "com.apple.iphone-4-black.icns"},

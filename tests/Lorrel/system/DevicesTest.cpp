@@ -62,18 +62,18 @@ TEST_F(DevicesTest, MobileTablesAreCompleteUniqueAndSpeltInTheirStyle)
         std::set<std::string> identifiers;
         for (const auto& row : table.rows) {
             SCOPED_TRACE(row.identifier);
-            const std::string name = row.name;
-            EXPECT_TRUE(std::string(row.identifier).starts_with(table.family));
-            EXPECT_TRUE(identifiers.insert(row.identifier).second);
+            const std::string_view name = row.name;
+            EXPECT_TRUE(row.identifier.starts_with(table.family));
+            EXPECT_TRUE(identifiers.insert(std::string(row.identifier)).second);
             EXPECT_TRUE(name.starts_with(table.brand));
-            EXPECT_LE(std::string(row.shortName).size(), std::max<std::size_t>(name.size(), 12));
+            EXPECT_LE(row.shortName.size(), std::max<std::size_t>(name.size(), 12));
             EXPECT_EQ(name.find("  "), std::string::npos);
             EXPECT_EQ(std::ranges::count(name, '('), std::ranges::count(name, ')'));
-            const bool hasIcon = row.iconName != nullptr;
-            EXPECT_EQ(hasIcon, std::string(row.identifier) != "iPhone1,1");
+            const bool hasIcon = !row.iconName.empty();
+            EXPECT_EQ(hasIcon, row.identifier != "iPhone1,1");
             if (!hasIcon) continue;
-            EXPECT_TRUE(std::string_view(row.iconName).starts_with(table.icon));
-            EXPECT_TRUE(std::string_view(row.iconName).ends_with(".icns"));
+            EXPECT_TRUE(row.iconName.starts_with(table.icon));
+            EXPECT_TRUE(row.iconName.ends_with(".icns"));
         }
         EXPECT_EQ(table.rows.size(), table.count);
     }
