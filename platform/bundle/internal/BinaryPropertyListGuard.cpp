@@ -93,12 +93,27 @@ private:
         const std::uint64_t references = object.length * (object.kind == 0xD ? 2 : 1);
         for (std::uint64_t i = 0; i < references; ++i) {
             const std::uint64_t element = number(object.content + i * referenceSize_, referenceSize_);
+            const bool isKey = object.kind == 0xD && i < object.length;
+            if (isKey && element < count_ && holdsNul(element)) refuse("a key holds a NUL");
             const Extent part = element < count_ ? measure(element, level + 1) : refuse("a reference leads nowhere");
             if (fault_) return;
             whole.height = std::max(whole.height, part.height + 1);
             whole.size += part.size;
             if (whole.size > 2 * largestPropertyList) fault_ = "too large once expanded";
         }
+    }
+
+    // The library measures keys as C texts, and ends the process where that differs.
+    bool holdsNul(std::uint64_t index) const
+    {
+        const auto text = objectAt(number(table_ + index * offsetSize_, offsetSize_));
+        if (!text || (text->kind != 0x5 && text->kind != 0x6)) return false;
+        const std::uint64_t unit = unitOf(text->kind);
+        const std::uint64_t units = std::min(text->length, (table_ - text->content) / unit);
+        for (std::uint64_t i = 0; i < units; ++i) {
+            if (number(text->content + i * unit, unit) == 0) return true;
+        }
+        return false;
     }
 
     std::optional<Object> objectAt(std::uint64_t offset) const
