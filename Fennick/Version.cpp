@@ -33,24 +33,29 @@ std::weak_ordering compareRuns(Rest& a, Rest& b)
     return difference <=> 0;
 }
 
+// Steps over what is the same in both; where that ends inside a run of digits
+// of either, back to the start of the run.
+void skipCommon(Rest& a, Rest& b)
+{
+    const char* const start = a.at;
+    while (!a.isEmpty() && !b.isEmpty() && *a.at == *b.at) ++a.at, ++b.at;
+    if (!a.startsWithDigit() && !b.startsWithDigit()) return;
+    while (a.at != start && isDigit(a.at[-1])) --a.at, --b.at;
+}
+
 }  // namespace
 
 std::weak_ordering operator<=>(const Version& a, const Version& b)
 {
     Rest left{a.string_.data(), a.string_.data() + a.string_.size()};
     Rest right{b.string_.data(), b.string_.data() + b.string_.size()};
-    while (!left.isEmpty() && !right.isEmpty()) {
-        if (isDigit(*left.at) && isDigit(*right.at)) {
-            if (const auto order = compareRuns(left, right); order != 0) return order;
-            continue;
-        }
-        // UTF-8 bytes order as the scalars that they encode.
-        if (*left.at != *right.at) return left.character() <=> right.character();
-        ++left.at;
-        ++right.at;
+    for (;;) {
+        skipCommon(left, right);
+        if (!left.startsWithDigit() || !right.startsWithDigit()) break;
+        if (const auto order = compareRuns(left, right); order != 0) return order;
     }
-    return left.isEmpty() ? (right.isEmpty() ? std::weak_ordering::equivalent : std::weak_ordering::less)
-                          : std::weak_ordering::greater;
+    if (left.isEmpty() || right.isEmpty()) return right.isEmpty() <=> left.isEmpty();
+    return left.character() <=> right.character();  // UTF-8 bytes order as the scalars that they encode
 }
 
 }  // namespace Fennick

@@ -134,7 +134,7 @@ try {
     constexpr int detectHeader = 32;
     stream.begun(inflateInit2(&stream.raw(), wrapper == Wrapper::none ? -MAX_WBITS : MAX_WBITS + detectHeader));
     if (!stream.isOpen()) return std::nullopt;
-    const std::size_t firstSize = std::clamp(bytes.size() * 2, smallestChunk, 4 * largestChunk);
+    const std::size_t firstSize = std::clamp(bytes.size() * 4, smallestChunk, 4 * largestChunk);
     return drain(stream, bytes.size(), firstSize, cap, [](Stream& s) { return ::inflate(&s.raw(), Z_SYNC_FLUSH); });
 } catch (const std::bad_alloc&) {
     return std::nullopt;
