@@ -4,12 +4,17 @@
 #include <cmath>
 #include <limits>
 
+#include "Fennick/internal/HullTree.h"
+
 namespace Fennick::internal {
 
 namespace {
 
 // Points are looked at in blocks that stay in the first cache.
 constexpr std::size_t blockSize = 256;
+
+// Below it looking at every point is faster than asking hulls.
+constexpr std::size_t shortestForHulls = 1'024;
 
 // Quotients of numerators that differ by less than this part may round to the same distance.
 constexpr double tieMargin = 0x1p-50;
@@ -54,25 +59,24 @@ std::optional<std::size_t> farthestByFormula(const Line& line, const Point* poin
     return index;
 }
 
-struct Largest {
-    double numerator = 0;
-    std::size_t searchFrom;  // no point before it can tie with the largest
-};
-
 Largest largestOf(const Line& line, const Point* points, std::size_t first, std::size_t last)
 {
     const LargestNumerator ofBlock = largestNumerator();
     Largest largest{0, first + 1};
     for (std::size_t begin = first + 1; begin < last; begin += blockSize) {
-        const double numerator = ofBlock(line, points + begin, std::min(blockSize, last - begin));
-        if (!(numerator > largest.numerator)) continue;
-        if (numerator * (1 - tieMargin) > largest.numerator) largest.searchFrom = begin;
-        largest.numerator = numerator;
+        largest.add(ofBlock(line, points + begin, std::min(blockSize, last - begin)), begin);
     }
     return largest;
 }
 
 }  // namespace
+
+void Largest::add(double candidate, std::size_t from)
+{
+    if (!(candidate > numerator)) return;
+    if (candidate * (1 - tieMargin) > numerator) searchFrom = from;
+    numerator = candidate;
+}
 
 Line::Line(const Point& a, const Point& b)
     : dx(b.x - a.x), dy(b.y - a.y), productXY(b.x * a.y), productYX(b.y * a.x), length(std::sqrt(dx * dx + dy * dy))
@@ -95,7 +99,8 @@ std::optional<std::size_t> farthestPointPlain(const Point* points, std::size_t f
 // Dividing by one length keeps the order, so the largest numerator gives the
 // largest distance, and only its near-equals need the division to find the
 // first that rounds to the same.
-std::optional<std::size_t> farthestPoint(const Point* points, std::size_t first, std::size_t last, double epsilon)
+std::optional<std::size_t> farthestPoint(const Point* points, std::size_t first, std::size_t last, double epsilon,
+                                         const HullTree* hulls)
 {
     const Point& a = points[first];
     const Point& b = points[last];
@@ -103,7 +108,9 @@ std::optional<std::size_t> farthestPoint(const Point* points, std::size_t first,
     const Line line(a, b);
     if (!std::isnormal(line.length)) return farthestByFormula(line, points, first, last, epsilon);
 
-    const Largest largest = largestOf(line, points, first, last);
+    const bool isWorthHulls = hulls && last - first > shortestForHulls;
+    const Largest largest =
+        isWorthHulls ? hulls->largestBetween(line, first + 1, last) : largestOf(line, points, first, last);
     const double distance = largest.numerator / line.length;
     if (!(distance > epsilon)) return std::nullopt;
     if (distance < smallestSafe || largest.numerator < smallestSafe || std::isinf(distance)) {

@@ -27,8 +27,20 @@ struct Line {
 // One point after the other: the measure for every faster way.
 std::optional<std::size_t> farthestPointPlain(const Point* points, std::size_t first, std::size_t last, double epsilon);
 
-// The same answer, faster.
-std::optional<std::size_t> farthestPoint(const Point* points, std::size_t first, std::size_t last, double epsilon);
+class HullTree;
+
+// The same answer, faster; with the help of the points' hulls where there are any.
+std::optional<std::size_t> farthestPoint(const Point* points, std::size_t first, std::size_t last, double epsilon,
+                                         const HullTree* hulls = nullptr);
+
+// The largest numerator seen so far.
+struct Largest {
+    double numerator = 0;
+    std::size_t searchFrom = 0;  // no point before it can tie with the largest
+
+    // Takes in the largest of the points from an index on; to be called in their order.
+    void add(double candidate, std::size_t from);
+};
 
 // The largest numerator of count points, at least 0; what is not a number is passed over.
 using LargestNumerator = double (*)(const Line&, const Point* points, std::size_t count);

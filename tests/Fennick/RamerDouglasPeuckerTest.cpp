@@ -6,6 +6,7 @@
 
 #include "Fennick/RamerDouglasPeucker.h"
 #include "Fennick/internal/FarthestPoint.h"
+#include "Fennick/internal/HullTree.h"
 
 using namespace Fennick;
 
@@ -66,6 +67,25 @@ Points randomSeries(std::mt19937& random)
     return points;
 }
 
+// Series in the order of time that tie a lot, bulge, lie far from zero or are all but straight.
+Points longSeries(std::mt19937& random, int kind)
+{
+    const std::size_t count = 1'200 + random() % 3'000;
+    Points points;
+    double walk = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const double at = static_cast<double>(i);
+        const double noise = static_cast<double>(random()) / 4e9 - 0.5;
+        walk += noise;
+        const double middle = at - static_cast<double>(count) / 2;
+        const double values[] = {
+            walk,    static_cast<double>(random() % 3), i % 2 ? 1e6 - at * 10 : 0, middle * middle, 1e9 + noise * 1e-6,
+            0.1 * at};
+        points.push_back({kind == 4 ? 1.7e9 + at * 0.1 : at, values[kind]});
+    }
+    return points;
+}
+
 }  // namespace
 
 TEST(RamerDouglasPeucker, KeepsWhatDepartsByMoreThanTheTolerance)
@@ -107,11 +127,33 @@ TEST(RamerDouglasPeucker, KeepsThePlainAlgorithmsPointsOnAnySeries)
     }
 }
 
+TEST(RamerDouglasPeucker, FindsTheSameFarthestPointByHulls)
+{
+    std::mt19937 random(7);
+    std::size_t served = 0;
+    for (int round = 0; round < 400; ++round) {
+        const Points points = longSeries(random, round % 6);
+        const auto hulls = internal::HullTree::over(points);
+        served += hulls.has_value();
+        for (int i = 0; hulls && i < 12; ++i) {
+            const std::size_t first = random() % (points.size() - 1'030);
+            const std::size_t last = first + 1'028 + random() % (points.size() - first - 1'028);
+            ASSERT_EQ(internal::farthestPoint(points.data(), first, last, 0, &*hulls),
+                      internal::farthestPointPlain(points.data(), first, last, 0))
+                << "round " << round << " from " << first << " to " << last;
+        }
+    }
+    EXPECT_EQ(served, 400u);
+    EXPECT_FALSE(internal::HullTree::over(Points{{0, 0}, {1, notANumber}}));
+    EXPECT_FALSE(internal::HullTree::over(Points{{0, 0}, {0, 1}}));
+}
+
 TEST(RamerDouglasPeucker, GoesAsDeepAsTheSeriesIsLong)
 {
     Points spikes;
     for (int i = 0; i < 5'000; ++i) spikes.push_back({static_cast<double>(i), i % 2 ? 1e6 - i * 10.0 : 0});
     EXPECT_EQ(RamerDouglasPeucker::simplify(spikes, 1).size(), spikes.size());
+    EXPECT_EQ(textOf(RamerDouglasPeucker::simplify(spikes, 500)), textOf(plainSimplify(spikes, 500)));
 }
 
 TEST(Simplified, ThinsNumbersOfEachType)
