@@ -49,7 +49,8 @@ std::shared_ptr<Identifier> DataStore::identifierFor(std::string_view key) const
     return data_.read([&](const IdentifierMap::Map& map) -> std::shared_ptr<Identifier> {
         const auto* found = stored(map, key);
         if (found && (*found)->kind() == Kind::wrapped) {
-            found = stored(map, static_cast<const WrappedIdentifier&>(**found).wrappedIdentifier());
+            const auto& alias = static_cast<const WrappedIdentifier&>(**found);
+            found = alias.readWrappedIdentifier([&](std::string_view target) { return stored(map, target); });
         }
         return found ? *found : nullptr;
     });

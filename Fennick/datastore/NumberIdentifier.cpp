@@ -75,10 +75,9 @@ void NumberIdentifier::replaceNumber(std::optional<Number> number)
 
 void NumberIdentifier::updateExtremes(double number)
 {
-    const auto lowest = min_.load();
-    const auto highest = max_.load();
-    if (!lowest || lowest->doubleValue() > number) min_.storeAlone(number);
-    if (!highest || highest->doubleValue() < number) max_.storeAlone(number);
+    if (!hasExtremes_ || lowest_ > number) min_.storeAlone(lowest_ = number);
+    if (!hasExtremes_ || highest_ < number) max_.storeAlone(highest_ = number);
+    hasExtremes_ = true;
 }
 
 }  // namespace Fennick

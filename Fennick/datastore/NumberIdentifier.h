@@ -90,6 +90,9 @@ private:
     ImageRef icon_;
     std::atomic<std::int64_t> historySize_ = defaultHistorySize;
     NumberHistory history_{defaultHistorySize};
+    double lowest_ = 0;  // the extremes again, for the writer
+    double highest_ = 0;
+    bool hasExtremes_ = false;
     AtomicNumber max_;
     AtomicNumber min_;
 };

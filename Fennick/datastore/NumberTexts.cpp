@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <utility>
 
 #include "platform/text/NumberText.h"
 
@@ -77,10 +78,10 @@ std::string byteCountText(std::uint64_t bytes)
 std::string fixedDecimalsText(std::int64_t decimals, double number)
 {
     const auto digits = static_cast<std::int16_t>(std::clamp<std::int64_t>(decimals, 0, 1000));
-    const auto text = Platform::numberText(
+    auto text = Platform::numberText(
         number,
         {.minimumFractionDigits = digits, .maximumFractionDigits = digits, .rounding = Platform::Rounding::towardZero});
-    return text.value_or("-");
+    return std::move(text).value_or("-");
 }
 
 }  // namespace Fennick

@@ -1,6 +1,7 @@
 #include "Fennick/datastore/Value.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "Fennick/datastore/NumberTexts.h"
 #include "platform/text/NumberText.h"
@@ -30,8 +31,8 @@ std::string Value::wholeText(const Platform::Number& number) const
 std::string Value::percentageText(const Platform::Number& number) const
 {
     const auto digits = static_cast<std::int16_t>(std::clamp<std::int64_t>(*decimals_, 0, 1000));
-    const auto text = Platform::numberText(number.doubleValue(), {.maximumFractionDigits = digits});
-    return text ? *text + " %" : "-";
+    auto text = Platform::numberText(number.doubleValue(), {.maximumFractionDigits = digits});
+    return text ? std::move(*text) + " %" : "-";
 }
 
 }  // namespace Fennick

@@ -3,6 +3,7 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "Fennick/datastore/Identifier.h"
 
@@ -26,6 +27,14 @@ public:
     // The key of the identifier that this one stands for.
     std::string wrappedIdentifier() const;
     void setWrappedIdentifier(std::string identifier);
+    // The result of `block(std::string_view)` for that key, which it gets without
+    // a copy; the block must not use this object.
+    template <typename Block>
+    auto readWrappedIdentifier(const Block& block) const
+    {
+        const std::lock_guard lock(mutex_);
+        return block(std::string_view(wrappedIdentifier_));
+    }
 
     [[noreturn]] std::optional<Platform::Number> value() const override;
     [[noreturn]] std::string description() const override;

@@ -226,7 +226,7 @@ void Queue::checkNotInside() const
     }
 }
 
-Queue::ParallelUse::ParallelUse(Queue& queue) : queue_(queue), inside_{&queue, threadRecord.innermost}
+Queue::ParallelUse::ParallelUse(Queue& queue) : queue_(queue), record_(threadRecord), inside_{&queue, record_.innermost}
 {
     if (inside_.outer) queue_.checkNotInside();
     if (!marksSlot()) {
@@ -234,17 +234,16 @@ Queue::ParallelUse::ParallelUse(Queue& queue) : queue_(queue), inside_{&queue, t
         Lock lock(queue_.mutex_);
         queue_.awaitTurn(waiting, ended_, lock);
     }
-    threadRecord.innermost = &inside_;
+    record_.innermost = &inside_;
 }
 
 bool Queue::ParallelUse::marksSlot()
 {
-    ThreadRecord& record = threadRecord;
-    cell_ = record.freeCell();
+    cell_ = record_.freeCell();
     if (!cell_) return false;
     cell_->store(&queue_);
     if (!queue_.isClosed_) {
-        ++record.usedCells;
+        ++record_.usedCells;
         return true;
     }
     cell_->store(nullptr, std::memory_order_release);
@@ -255,13 +254,12 @@ bool Queue::ParallelUse::marksSlot()
 
 Queue::ParallelUse::~ParallelUse()
 {
-    ThreadRecord& record = threadRecord;
-    record.innermost = inside_.outer;
+    record_.innermost = inside_.outer;
     if (!cell_) {
         queue_.endParallelUse();
         return;
     }
-    --record.usedCells;
+    --record_.usedCells;
     cell_->store(nullptr, std::memory_order_release);
     if (queue_.isAwaited_.load(std::memory_order_relaxed)) queue_.noticeLeaving();
 }

@@ -13,6 +13,7 @@
 namespace Platform {
 
 class Queue;
+struct ThreadRecord;
 
 // Somewhere a block can be sent to run later. Thread: any.
 class Executor {
@@ -147,6 +148,7 @@ private:
 
         TaskList ended_;
         Queue& queue_;
+        ThreadRecord& record_;
         InsideQueue inside_;
         std::atomic<const Queue*>* cell_;
     };

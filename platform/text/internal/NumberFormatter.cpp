@@ -54,9 +54,10 @@ std::optional<NumberSymbols> digitsOf(const icu::Locale& locale)
     const icu::DecimalFormatSymbols locals(locale, status);
     if (U_FAILURE(status)) return std::nullopt;
     NumberSymbols symbols;
-    for (int digit = 0; digit < 10; ++digit) {
-        locals.getConstDigitSymbol(digit).toUTF8String(symbols.digits[static_cast<std::size_t>(digit)]);
-    }
+    for (int digit = 0; digit < 10; ++digit) locals.getConstDigitSymbol(digit).toUTF8String(symbols.digits);
+    symbols.digitSize = symbols.digits.size() / 10;
+    const bool isUniform = symbols.digitSize <= 4 && symbols.digits.size() % 10 == 0;
+    if (!isUniform) return std::nullopt;
     return symbols;
 }
 
@@ -89,12 +90,12 @@ std::optional<NumberSymbols> NumberFormatter::readSymbols() const
     const LocalizedNumberFormatter whole = localized(library_->locale, {});
     const LocalizedNumberFormatter tenths =
         localized(library_->locale, {.minimumFractionDigits = 1, .maximumFractionDigits = 1});
-    const auto positive = around(write(whole, 1), symbols->digits[1]);
-    const auto negative = around(write(whole, -1), symbols->digits[1]);
-    const auto fraction = around(write(tenths, 1.5), symbols->digits[1]);
+    const auto positive = around(write(whole, 1), symbols->digit(1));
+    const auto negative = around(write(whole, -1), symbols->digit(1));
+    const auto fraction = around(write(tenths, 1.5), symbols->digit(1));
     if (!positive || !negative || !fraction) return std::nullopt;
-    const auto separator = around(fraction->second, symbols->digits[5]);
-    if (!separator) return std::nullopt;
+    const auto separator = around(fraction->second, symbols->digit(5));
+    if (!separator || separator->first.size() > 16) return std::nullopt;
     std::tie(symbols->prefix, symbols->suffix) = *positive;
     std::tie(symbols->negativePrefix, symbols->negativeSuffix) = *negative;
     symbols->separator = separator->first;

@@ -58,21 +58,34 @@ std::optional<ScaledNumber> scaled(double value, int fractionDigits, Rounding ro
 std::string plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
                       int minimumFractionDigits)
 {
-    std::array<std::uint8_t, 24> digits{};  // last digit first
-    std::uint64_t rest = number.magnitude;
-    int count = 0;
-    for (; rest != 0 || count <= fractionDigits; rest /= 10) {
-        digits[static_cast<std::size_t>(count++)] = static_cast<std::uint8_t>(rest % 10);
-    }
-    int lowest = 0;
-    while (lowest < fractionDigits - minimumFractionDigits && digits[static_cast<std::size_t>(lowest)] == 0) ++lowest;
+    // Written from the last digit to the first. Twenty digits of up to four bytes, and the separator.
+    std::array<char, 128> buffer;
+    char* const end = buffer.data() + buffer.size();
+    char* start = end;
+    const auto prepend = [&start](const char* bytes, std::size_t size) {
+        start -= size;
+        for (std::size_t at = 0; at < size; ++at) start[at] = bytes[at];
+    };
 
-    std::string text = number.isNegative ? symbols.negativePrefix : symbols.prefix;
-    for (int place = count - 1; place >= lowest; --place) {
-        text += symbols.digits[digits[static_cast<std::size_t>(place)]];
-        if (place == fractionDigits && lowest < fractionDigits) text += symbols.separator;
+    std::uint64_t rest = number.magnitude;
+    bool hasFraction = minimumFractionDigits > 0;
+    for (int place = 0; rest != 0 || place <= fractionDigits; ++place, rest /= 10) {
+        if (place == fractionDigits && hasFraction && fractionDigits > 0) {
+            prepend(symbols.separator.data(), symbols.separator.size());
+        }
+        const std::size_t digit = rest % 10;
+        hasFraction = hasFraction || (place < fractionDigits && digit != 0);
+        const bool isOptional = place < fractionDigits - minimumFractionDigits;
+        if (isOptional && digit == 0 && start == end) continue;
+        prepend(symbols.digits.data() + digit * symbols.digitSize, symbols.digitSize);
     }
-    return text += number.isNegative ? symbols.negativeSuffix : symbols.suffix;
+
+    const std::string& before = number.isNegative ? symbols.negativePrefix : symbols.prefix;
+    const std::string& behind = number.isNegative ? symbols.negativeSuffix : symbols.suffix;
+    const auto size = static_cast<std::size_t>(end - start);
+    std::string text;
+    text.reserve(before.size() + size + behind.size());
+    return text.append(before).append(start, size).append(behind);
 }
 
 }  // namespace Platform

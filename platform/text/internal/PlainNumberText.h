@@ -11,8 +11,12 @@ namespace Platform {
 
 // What a locale writes around and between the digits of a number without grouping.
 struct NumberSymbols {
-    std::array<std::string, 10> digits;
-    std::string separator;
+    std::string digits;  // zero to nine, of the same size each
+    std::size_t digitSize = 0;
+    std::string separator;  // a few bytes
+
+    std::string digit(std::size_t value) const { return digits.substr(value * digitSize, digitSize); }
+
     std::string prefix;
     std::string suffix;
     std::string negativePrefix;
