@@ -38,8 +38,8 @@ public:
     // Whether there was such a key.
     bool remove(std::string_view key);
 
-    std::size_t size() const { return entries_.size(); }
-    bool isEmpty() const { return entries_.empty(); }
+    std::size_t size() const;
+    bool isEmpty() const;
     auto begin() const { return entries_.begin(); }
     auto end() const { return entries_.end(); }
 
@@ -135,5 +135,16 @@ private:
 
     Content content_;
 };
+
+// Here, where an entry is complete.
+inline std::size_t PropertyListDictionary::size() const
+{
+    return entries_.size();
+}
+
+inline bool PropertyListDictionary::isEmpty() const
+{
+    return entries_.empty();
+}
 
 }  // namespace Platform
