@@ -1,9 +1,10 @@
 #pragma once
 
 #include <algorithm>
-#include <atomic>
+#include <barrier>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <limits>
 #include <thread>
 #include <vector>
@@ -37,26 +38,39 @@ double nanoseconds(const Body& body, int calls, int runs = 15)
     return best;
 }
 
-// The same on several pinned threads at once: nanoseconds for one call of each
-// thread, over one long run, so that the threads really meet.
+// Processor time of the calling thread, which other programs do not lengthen.
+inline double threadNanoseconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e9 + static_cast<double>(time.tv_nsec);
+}
+
+// The same on several pinned threads at once: processor time for one call. The
+// median of many runs, each begun together, because a run in
+// which the machine kept the threads apart shows no contention.
 template <typename Body>
 double nanosecondsOnThreads(unsigned threads, const Body& body, int calls)
 {
-    std::vector<double> times(threads);
-    std::atomic<unsigned> waiting = threads;
+    constexpr int runs = 21;
+    std::vector<double> times(runs * threads);
+    std::barrier together(static_cast<std::ptrdiff_t>(threads));
     {
         std::vector<std::jthread> running;
         for (unsigned at = 0; at < threads; ++at) {
             running.emplace_back([&, at] {
                 pinTo(at);
-                --waiting;
-                while (waiting > 0) {
+                for (unsigned run = 0; run < runs; ++run) {
+                    together.arrive_and_wait();
+                    const double start = threadNanoseconds();
+                    for (int count = 0; count < calls; ++count) body();
+                    times[run * threads + at] = (threadNanoseconds() - start) / calls;
                 }
-                times[at] = nanoseconds(body, calls, 1);
             });
         }
     }
-    return *std::max_element(times.begin(), times.end());
+    std::nth_element(times.begin(), times.begin() + runs * threads / 2, times.end());
+    return times[runs * threads / 2];
 }
 
 inline void row(const char* what, const char* peer, double ours, double theirs, const char* goal)

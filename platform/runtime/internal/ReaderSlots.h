@@ -8,8 +8,9 @@
 
 namespace Platform {
 
-// Where a thread marks the queues that it is reading, on a cache line of its own.
-struct alignas(64) ReaderSlot {
+// Where a thread marks the queues that it is reading, on a pair of cache lines of
+// its own (processors fetch them in pairs).
+struct alignas(128) ReaderSlot {
     static constexpr std::size_t depth = 4;
 
     std::array<std::atomic<const Queue*>, depth> cells{};
