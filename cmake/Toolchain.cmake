@@ -8,6 +8,10 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 add_library(pellora_settings INTERFACE)
 target_compile_options(pellora_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
 target_link_options(pellora_settings INTERFACE -Wl,--as-needed)
+# Programs that wait all day keep only what they call.
+set(released "$<CONFIG:Release,RelWithDebInfo,MinSizeRel>")
+target_compile_options(pellora_settings INTERFACE "$<${released}:-ffunction-sections;-fdata-sections>")
+target_link_options(pellora_settings INTERFACE "$<${released}:-Wl,--gc-sections>")
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 reports std::optional and std::variant members as maybe uninitialised
   # once inlined under sanitizers; the sanitizers themselves look for the real thing.

@@ -1,0 +1,190 @@
+// The launcher beside processes that only wait on the session bus: start,
+// memory while waiting, wake-ups, and the time from "killme" to its end.
+// Argument: how many seconds of silence to watch (10).
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include "bench/notifications/peers/Program.h"
+#include "platform/session/DistributedNotificationCenter.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+constexpr int rounds = 31;
+constexpr const char* contents = "/Contents/MacOS";
+constexpr const char* launcherInApp = "/Contents/Library/LoginItems/PelloraLauncher.app";
+
+double millisecondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+// The assembled application, with a stub for its program.
+class Stage {
+public:
+    Stage()
+    {
+        char name[] = "/tmp/pellora-bench-XXXXXX";
+        folder_ = ::mkdtemp(name);
+        const std::string app = folder_ + "/Pellora.app";
+        fs::create_directories(app + contents);
+        fs::create_directories(fs::path(app + launcherInApp).parent_path());
+        fs::copy(std::string(PELLORA_APP) + launcherInApp, app + launcherInApp, fs::copy_options::recursive);
+        fs::copy(std::string(PELLORA_APP) + "/Contents/Info.plist", app + "/Contents/Info.plist");
+        fs::copy_file(STUB_APPLICATION, app + contents + "/Pellora");
+        const std::string pipe = app + contents + "/pipe";
+        ::mkfifo(pipe.c_str(), 0600);
+        pipe_ = ::open(pipe.c_str(), O_RDWR | O_CLOEXEC);
+        launcher_ = app + launcherInApp + contents + "/PelloraLauncher";
+        // Pages of a file just written would count as dirty memory.
+        const int program = ::open(launcher_.c_str(), O_RDONLY | O_CLOEXEC);
+        ::fsync(program);
+        ::close(program);
+    }
+    ~Stage()
+    {
+        ::close(pipe_);
+        fs::remove_all(folder_);
+    }
+
+    const std::string& launcher() const { return launcher_; }
+    void waitUntilOpened() const
+    {
+        char c = 0;
+        if (::read(pipe_, &c, 1) != 1) std::abort();
+    }
+
+private:
+    std::string folder_;
+    std::string launcher_;
+    int pipe_;
+};
+
+// A line "KEY: NUMBER ..." of a file of /proc.
+long numberIn(pid_t process, const char* file, const std::string& key)
+{
+    std::ifstream stream("/proc/" + std::to_string(process) + "/" + file);
+    for (std::string line; std::getline(stream, line);) {
+        if (line.starts_with(key + ":")) return std::stol(line.substr(key.size() + 1));
+    }
+    return -1;
+}
+
+void post(const char* name, const std::string& object)
+{
+    Platform::DistributedNotificationCenter::shared().post(Platform::NotificationName(name), object);
+}
+
+void compareStarts(const Stage& stage)
+{
+    std::vector<double> bare, ours;
+    for (int round = 0; round < rounds; ++round) {
+        auto start = Clock::now();
+        const Bench::Program peer({PEER_SDBUS, "wait"});
+        peer.readLine();
+        bare.push_back(millisecondsSince(start));
+
+        start = Clock::now();
+        const Bench::Program launcher({stage.launcher()});
+        stage.waitUntilOpened();
+        ours.push_back(millisecondsSince(start));
+    }
+    const auto print = [](const char* which, double our, double their) {
+        std::printf(
+            "start, %s: launcher to the application's first step %.2f ms, bare sd-bus to ready %.2f ms, ratio %.2f\n",
+            which, our, their, our / their);
+    };
+    print("median", Bench::median(ours), Bench::median(bare));
+    print("fastest", std::ranges::min(ours), std::ranges::min(bare));
+}
+
+void printMemory(const char* who, pid_t process)
+{
+    std::printf("%-10s %14ld %14ld %8ld\n", who, numberIn(process, "smaps_rollup", "Private_Dirty"),
+                numberIn(process, "smaps_rollup", "Pss"), numberIn(process, "status", "Threads"));
+}
+
+// All wait at the same time, so that shared pages count alike.
+void compareMemory(const Stage& stage)
+{
+    const Bench::Program launcher({stage.launcher()});
+    stage.waitUntilOpened();
+    const Bench::Program bare({PEER_BARE, "wait"});
+    const Bench::Program sdbus({PEER_SDBUS, "wait"});
+    const Bench::Program gdbus({PEER_GDBUS, "wait"});
+    const Bench::Program qtdbus({PEER_QTDBUS, "wait"});
+    for (const auto* peer : {&bare, &sdbus, &gdbus, &qtdbus}) peer->readLine();
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+
+    std::printf("%-10s %14s %14s %8s\n", "waiting", "dirty, kB", "prop. kB", "threads");
+    printMemory("launcher", launcher.pid());
+    printMemory("C++ bare", bare.pid());
+    printMemory("sd-bus", sdbus.pid());
+    printMemory("GDBus", gdbus.pid());
+    printMemory("QtDBus", qtdbus.pid());
+    std::printf("launcher / bare C++ with sd-bus and libplist, proportional: %.2f\n",
+                static_cast<double>(numberIn(launcher.pid(), "smaps_rollup", "Pss")) /
+                    static_cast<double>(numberIn(bare.pid(), "smaps_rollup", "Pss")));
+}
+
+void countWakeUps(const Stage& stage, int seconds)
+{
+    const Bench::Program launcher({stage.launcher()});
+    stage.waitUntilOpened();
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    const auto switches = [&] { return numberIn(launcher.pid(), "status", "voluntary_ctxt_switches"); };
+    const long before = switches();
+    std::this_thread::sleep_for(std::chrono::seconds(seconds));
+    const long afterSilence = switches();
+    for (int number = 0; number < 1000; ++number) post(number % 2 ? "killme" : "other", "com.example.other");
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    std::printf("wake-ups: %ld in %d s of silence, %ld from 1000 foreign notifications\n", afterSilence - before,
+                seconds, switches() - afterSilence);
+}
+
+void timeTheEnd(const Stage& stage)
+{
+    std::vector<double> times;
+    for (int round = 0; round < rounds; ++round) {
+        Bench::Program launcher({stage.launcher()});
+        stage.waitUntilOpened();
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        pollfd end{static_cast<int>(::syscall(SYS_pidfd_open, launcher.pid(), 0)), POLLIN, 0};
+        const auto start = Clock::now();
+        post("killme", "com.orvane.pellora");
+        ::poll(&end, 1, 10'000);
+        times.push_back(millisecondsSince(start));
+        ::close(end.fd);
+        launcher.wait();
+    }
+    std::printf("\"killme\" posted to process gone: %.2f ms (median of %d)\n", Bench::median(times), rounds);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    Bench::onPrivateBus(argv);
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
+    const Stage stage;
+    compareStarts(stage);
+    compareMemory(stage);
+    timeTheEnd(stage);
+    countWakeUps(stage, argc > 1 ? std::atoi(argv[1]) : 10);
+}

@@ -1,0 +1,16 @@
+// Stands for the main application: tells the pipe beside it that it executes, and ends.
+
+#include <cstring>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+int main(int, char** argv)
+{
+    char pipe[4096];
+    const int folder = static_cast<int>(std::strrchr(argv[0], '/') - argv[0]);
+    std::memcpy(pipe, argv[0], static_cast<std::size_t>(folder));
+    std::strcpy(pipe + folder, "/pipe");
+    const int descriptor = ::open(pipe, O_WRONLY);
+    return ::write(descriptor, "x", 1) == 1 ? 0 : 1;
+}
