@@ -253,12 +253,14 @@ bool RunLoop::runWhile(const std::function<bool()>& isDone, std::optional<std::c
 {
     const RunScope scope(state_->runMutex, state_->runs);
     const auto isOver = [&] { return scope.isStopped() || isDone(); };
-    if (state_->host) {
-        state_->host->runUntil(*this, isOver, timeout);
-        return isDone();
-    }
     const auto deadline = timeout ? std::optional(kernelTime() + *timeout) : std::nullopt;
     while (!isOver()) {
+        // A host may also be set by a handler of this very run, which then goes on in it.
+        if (state_->host) {
+            const auto left = deadline ? std::optional(*deadline - kernelTime()) : std::nullopt;
+            state_->host->runUntil(*this, isOver, left);
+            break;
+        }
         prepareToSleep();
         epoll_event event{};
         const int ready = ::epoll_wait(state_->epoll.get(), &event, 1, waitTime(deadline, kernelTime()));

@@ -1,0 +1,63 @@
+#include "platform/ui/dialogs/AlertPanel.h"
+
+#include <utility>
+
+#include "platform/runtime/Log.h"
+#include "platform/runtime/RunLoop.h"
+#include "platform/runtime/Shared.h"
+#include "platform/ui/internal/AlertDialog.h"
+#include "platform/ui/internal/GuiApplication.h"
+#include "platform/ui/internal/QtWindow.h"
+#include "platform/ui/internal/Sheet.h"
+
+namespace Platform {
+namespace {
+
+AlertAnswer answerOfNobody(const AlertRequest& request)
+{
+    log("Alert \"" + request.message + "\": there is no screen to ask on, so it counts as cancelled");
+    return {AlertAnswer::cancelled, request.textField ? request.textField->text : ""};
+}
+
+class QtAlertPanel final : public AlertPanel {
+public:
+    AlertAnswer runModal(const AlertRequest& request) override
+    {
+        if (!DialogAudience::shared().isPresent()) return answerOfNobody(request);
+        ensureWidgetApplication();
+        AlertDialog dialog(request, nullptr);
+        dialog.exec();
+        return dialog.answer();
+    }
+
+    void beginSheet(const WindowRef& window, const AlertRequest& request, Completion completion) override
+    {
+        if (!DialogAudience::shared().isPresent()) {
+            return RunLoop::main().post(
+                [answer = answerOfNobody(request), completion = std::move(completion)] { completion(answer); });
+        }
+        ensureWidgetApplication();
+        auto* dialog = new AlertDialog(request, WindowAccess::widget(window));
+        Platform::beginSheet(dialog,
+                             [dialog, completion = std::move(completion)](QDialog&) { completion(dialog->answer()); });
+    }
+};
+
+}  // namespace
+
+AlertPanel& AlertPanel::shared()
+{
+    return Shared<AlertPanel>::get([] { return std::make_unique<QtAlertPanel>(); });
+}
+
+DialogAudience& DialogAudience::shared()
+{
+    return Shared<DialogAudience>::get([] { return std::make_unique<DialogAudience>(); });
+}
+
+bool DialogAudience::isPresent() const
+{
+    return hasScreen();
+}
+
+}  // namespace Platform
