@@ -15,7 +15,8 @@ namespace {
 
 // No line is wider; the library counts in 1/64 points in 32 bits.
 constexpr double widestLine = 1 << 24;
-constexpr std::array alignments{Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight, Qt::AlignJustify, Qt::AlignLeading};
+constexpr std::array<Qt::Alignment, 5> alignments{Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight, Qt::AlignJustify,
+                                                  Qt::AlignLeading};
 const Font usualFont = Font::system(0);
 
 double limit(double maximum, double none)
@@ -42,11 +43,24 @@ const TextAttachment* attachmentOf(const TextAttributes& attributes)
     return attachment ? attachment->get() : nullptr;
 }
 
-Qt::Alignment alignmentOf(const TextAttributes& attributes)
+TextAlignment alignmentOf(const AttributedString& text)
 {
-    const auto* style = attribute<std::shared_ptr<ParagraphStyle>>(attributes, paragraphStyleAttribute);
-    const auto alignment = style && *style ? (*style)->alignment : TextAlignment::natural;
-    return alignments.at(static_cast<std::size_t>(alignment));
+    if (text.isEmpty()) return TextAlignment::natural;
+    const auto* style = attribute<std::shared_ptr<ParagraphStyle>>(text.runs()[0].attributes, paragraphStyleAttribute);
+    return style && *style ? (*style)->alignment : TextAlignment::natural;
+}
+
+// Inside a long word the library looks for its end again at every line, which
+// takes forever; such a one is broken anywhere.
+bool hasEndlessWord(const QString& text)
+{
+    constexpr qsizetype longestWord = 4096;
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i].isSpace()) start = i + 1;
+        if (i - start > longestWord) return true;
+    }
+    return false;
 }
 
 // An attachment is laid out as a hard space that is spread to the image's width.
@@ -57,7 +71,8 @@ QTextCharFormat formatOf(const TextAttributes& attributes)
     QFont font = qtFont(fontOf(attributes));
     if (attachment) {
         const double space = QFontMetricsF(font, &measuringSurface()).horizontalAdvance(QChar::Nbsp);
-        font.setLetterSpacing(QFont::AbsoluteSpacing, attachment->drawnBounds().size.width - space);
+        // In parts of the space: an absolute one is scaled by a whole number of screen pixels, here 0.
+        font.setLetterSpacing(QFont::PercentageSpacing, 100 * attachment->drawnBounds().size.width / space);
     }
     format.setFont(font);
     const Color* color = attribute<Color>(attributes, foregroundColorAttribute);
@@ -70,92 +85,76 @@ QTextCharFormat formatOf(const TextAttributes& attributes)
 TextLines::TextLines(const AttributedString& text, Size maximum)
     : maximumWidth_(limit(maximum.width, widestLine)), maximumHeight_(limit(maximum.height, HUGE_VAL))
 {
+    if (text.isEmpty()) return;
     ensureGuiApplication();
-    QString paragraph;
-    std::vector<Piece> pieces;
-    for (const AttributedString::Run& run : text.runs()) {
-        QString rest = QString::fromStdString(run.text);
-        if (attachmentOf(run.attributes)) rest = QString(QChar(QChar::Nbsp));
-        qsizetype from = 0;
-        while (!isFull_) {
-            const qsizetype end = rest.indexOf(u'\n', from);
-            const qsizetype length = (end < 0 ? rest.size() : end) - from;
-            pieces.push_back({paragraph.size(), length, &run.attributes});
-            paragraph.append(QStringView(rest).mid(from, length));
-            if (end < 0) break;
-            addParagraph(paragraph, pieces);
-            paragraph.clear();
-            pieces.clear();
-            from = end + 1;
-        }
-    }
-    if (!isFull_ && !pieces.empty()) addParagraph(paragraph, pieces);
+    for (const AttributedString::Run& run : text.runs()) add(run);
+    std::ranges::reverse(attached_);
+    breakLines(alignmentOf(text));
 }
 
-void TextLines::addParagraph(const QString& text, const std::vector<Piece>& pieces)
+void TextLines::add(const AttributedString::Run& run)
 {
-    const TextAttributes& first = *pieces.front().attributes;
-    auto layout = std::make_unique<QTextLayout>(text, qtFont(fontOf(first)), &measuringSurface());
+    const auto* attachment = attribute<std::shared_ptr<TextAttachment>>(run.attributes, attachmentAttribute);
+    const bool isAttached = attachment && *attachment;
+    const auto start = int(text_.size());
+    text_ += isAttached ? QString(QChar(QChar::Nbsp)) : QString::fromStdString(run.text);
+    formats_.append({start, int(text_.size()) - start, formatOf(run.attributes)});
+    if (isAttached) attached_.push_back({start, *attachment, (*attachment)->drawnBounds()});
+}
+
+void TextLines::breakLines(TextAlignment alignment)
+{
+    text_.replace(u'\n', QChar::LineSeparator);
     // Without a width to stand in, lines begin at the left, whatever their direction.
     const bool isBounded = maximumWidth_ < widestLine;
-    QTextOption option(isBounded ? alignmentOf(first) : Qt::AlignLeft | Qt::AlignAbsolute);
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout->setTextOption(option);
-    QList<QTextLayout::FormatRange> formats;
-    for (const Piece& piece : pieces) {
-        formats.append({int(piece.start), int(piece.length), formatOf(*piece.attributes)});
-    }
-    layout->setFormats(formats);
-    layout->beginLayout();
-    for (QTextLine line = layout->createLine(); line.isValid() && placeLine(line, pieces);) line = layout->createLine();
-    layout->endLayout();
-    paragraphs_.push_back(std::move(layout));
+    QTextOption option(isBounded ? alignments.at(static_cast<std::size_t>(alignment))
+                                 : Qt::AlignLeft | Qt::AlignAbsolute);
+    option.setWrapMode(hasEndlessWord(text_) ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout_ = std::make_unique<QTextLayout>(text_, formats_[0].format.font(), &measuringSurface());
+    layout_->setTextOption(option);
+    layout_->setFormats(formats_);
+    layout_->beginLayout();
+    for (QTextLine line = layout_->createLine(); line.isValid() && place(line);) line = layout_->createLine();
+    layout_->endLayout();
 }
 
-// Attachments may reach higher or deeper than the letters. False when the line does not fit any more.
-bool TextLines::placeLine(QTextLine line, const std::vector<Piece>& pieces)
+// Attachments may reach higher or deeper than the letters.
+bool TextLines::place(QTextLine line)
 {
     line.setLeadingIncluded(true);
     line.setLineWidth(maximumWidth_);
     double above = line.ascent();
     double below = line.height() - line.ascent();
-    for (const Piece& piece : pieces) {
-        const TextAttachment* attachment = attachmentOf(*piece.attributes);
-        const bool isHere = piece.start >= line.textStart() && piece.start < line.textStart() + line.textLength();
-        if (!attachment || !isHere) continue;
-        above = std::max(above, attachment->drawnBounds().maxY());
-        below = std::max(below, -attachment->drawnBounds().minY());
+    std::vector<Attached> here;
+    while (!attached_.empty() && attached_.back().position < line.textStart() + line.textLength()) {
+        here.push_back(std::move(attached_.back()));
+        attached_.pop_back();
+        above = std::max(above, here.back().bounds.maxY());
+        below = std::max(below, -here.back().bounds.minY());
     }
     if (height_ > 0 && height_ + above + below > maximumHeight_) {
-        isFull_ = true;
-        line.setNumColumns(0);
+        // Drawn far above everything: a line cannot be taken back.
+        line.setPosition({0, -widestLine});
         return false;
     }
     line.setPosition({0, height_ + above - line.ascent()});
-    placeAttachments(line, pieces, height_ + above);
+    for (Attached& each : here) {
+        const QPointF corner(line.cursorToX(each.position) + each.bounds.minX(), height_ + above - each.bounds.maxY());
+        placed_.push_back({std::move(each.attachment), corner, each.bounds.size});
+    }
     width_ = std::max(width_, line.naturalTextWidth());
     height_ += above + below;
     return true;
 }
 
-void TextLines::placeAttachments(const QTextLine& line, const std::vector<Piece>& pieces, double baseLine)
-{
-    for (const Piece& piece : pieces) {
-        const auto* found = attribute<std::shared_ptr<TextAttachment>>(*piece.attributes, attachmentAttribute);
-        const bool isHere = piece.start >= line.textStart() && piece.start < line.textStart() + line.textLength();
-        if (found && *found && isHere) attachments_.push_back({*found, {line.cursorToX(int(piece.start)), baseLine}});
-    }
-}
-
 void TextLines::draw(QPainter& painter, QPointF origin) const
 {
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    for (const auto& layout : paragraphs_) layout->draw(&painter, origin);
-    for (const Placed& each : attachments_) {
-        const Rect bounds = each.attachment->drawnBounds();
+    if (layout_) layout_->draw(&painter, origin);
+    for (const Placed& each : placed_) {
+        const QPointF corner = origin + each.corner;
         if (!each.attachment->image()) continue;
-        const Point corner{origin.x() + each.place.x() + bounds.minX(), origin.y() + each.place.y() - bounds.maxY()};
-        each.attachment->image()->draw({corner, bounds.size}, {}, CompositingOperation::sourceOver, 1);
+        each.attachment->image()->draw({{corner.x(), corner.y()}, each.size}, {}, CompositingOperation::sourceOver, 1);
     }
 }
 

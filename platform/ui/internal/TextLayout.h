@@ -8,8 +8,8 @@
 
 namespace Platform {
 
-// The lines of an attributed string. Paragraphs end at line feeds, each is
-// laid out by itself, and no more of them than fit into the height.
+// The laid-out lines of an attributed string, no more of them than fit into
+// the height. The first run's alignment is that of all lines.
 class TextLines {
 public:
     TextLines(const AttributedString& text, Size maximum);
@@ -18,28 +18,31 @@ public:
     void draw(QPainter& painter, QPointF origin) const;
 
 private:
+    struct Attached {
+        int position;  // in the whole text
+        std::shared_ptr<TextAttachment> attachment;
+        Rect bounds;
+    };
     struct Placed {
         std::shared_ptr<TextAttachment> attachment;
-        QPointF place;  // on the base line
-    };
-    // A stretch of one paragraph, in characters from the paragraph's start.
-    struct Piece {
-        qsizetype start;
-        qsizetype length;
-        const TextAttributes* attributes;
+        QPointF corner;
+        Size size;
     };
 
-    void addParagraph(const QString& text, const std::vector<Piece>& pieces);
-    bool placeLine(QTextLine line, const std::vector<Piece>& pieces);
-    void placeAttachments(const QTextLine& line, const std::vector<Piece>& pieces, double baseLine);
+    void add(const AttributedString::Run& run);
+    void breakLines(TextAlignment alignment);
+    // False when the line does not fit any more.
+    bool place(QTextLine line);
 
     double maximumWidth_;
     double maximumHeight_;
     double width_ = 0;
     double height_ = 0;
-    bool isFull_ = false;
-    std::vector<std::unique_ptr<QTextLayout>> paragraphs_;
-    std::vector<Placed> attachments_;
+    QString text_;
+    QList<QTextLayout::FormatRange> formats_;
+    std::vector<Attached> attached_;  // those that no line holds yet, last first
+    std::unique_ptr<QTextLayout> layout_;
+    std::vector<Placed> placed_;
 };
 
 }  // namespace Platform

@@ -9,7 +9,8 @@
 namespace Platform {
 
 // A text in runs of one look each. A value. Measuring and drawing need the
-// main thread. Lines break at the width, between words where they can.
+// main thread. Lines break at the width, between words where they can; the
+// first run's alignment is that of all lines.
 class AttributedString {
 public:
     struct Run {

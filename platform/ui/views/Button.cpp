@@ -18,21 +18,22 @@ AttributedString titleText(const std::string& title, const Font& font, const Col
     return AttributedString(title, {{fontAttribute, font}, {foregroundColorAttribute, color}});
 }
 
-// A template becomes a bitmap of its own first: its colour must not reach what lies below the button.
+// A template becomes a bitmap of its own first: its colour must not reach what
+// lies below the button. The colour's transparency is the whole image's.
 void drawColored(const ImageRef& image, const Rect& place, const Color& color)
 {
     ImageRef drawn = image;
     if (image->isTemplate() && image->isSymbol()) {
-        drawn = image->withSymbolConfiguration({.tint = color});
+        drawn = image->withSymbolConfiguration({.tint = color.withAlpha(1)});
     } else if (image->isTemplate()) {
         drawn = image->copy();
         ImageFocus focus(drawn);
         if (auto* context = focus.context()) {
-            context->setFillColor(color);
+            context->setFillColor(color.withAlpha(1));
             context->fill({{}, image->size()}, CompositingOperation::sourceAtop);
         }
     }
-    drawn->draw(place, {}, CompositingOperation::sourceOver, 1);
+    drawn->draw(place, {}, CompositingOperation::sourceOver, image->isTemplate() ? color.alpha() : 1);
 }
 
 }  // namespace

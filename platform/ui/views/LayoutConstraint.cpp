@@ -29,7 +29,7 @@ LayoutConstraint::LayoutConstraint(const ViewRef& first, LayoutAttribute firstAt
 void LayoutConstraint::setConstant(double constant)
 {
     constant_ = constant;
-    if (const ViewRef holder = holder_.lock()) holder->setNeedsLayout(true);
+    if (const ViewRef holder = holder_.lock()) holder->constraintsChanged();
 }
 
 void LayoutConstraint::setActive(bool active)

@@ -150,13 +150,20 @@ LayoutAnchor View::anchor(LayoutAttribute attribute)
 void View::hold(const ConstraintRef& constraint)
 {
     constraints_.push_back(constraint);
-    setNeedsLayout(true);
+    constraintsChanged();
 }
 
 void View::letGo(const ConstraintRef& constraint)
 {
     std::erase(constraints_, constraint);
+    constraintsChanged();
+}
+
+// Those that a view holds for its own size matter to whoever places it.
+void View::constraintsChanged()
+{
     setNeedsLayout(true);
+    if (const ViewRef parent = superview()) parent->setNeedsLayout(true);
 }
 
 // In order, so that a later sibling finds the earlier one's frame; twice, for

@@ -102,7 +102,7 @@ public:
     // origin, for the view's appearance; nothing is left to be displayed then.
     void render(GraphicsContext& context);
     // The same as an image of the view's size.
-    ImageRef image();
+    ImageRef rendered();
 
     // A click or release at the view's own point. False lets the superview have it.
     virtual bool mouseUp(Point) { return false; }
@@ -130,7 +130,7 @@ private:
     void hold(const ConstraintRef& constraint);
     void letGo(const ConstraintRef& constraint);
     void endConstraintsAcross(const View& boundary);
-    void layoutSizeOfItself();
+    void constraintsChanged();
     void setWindow(const WindowRef& window);
     const View& root() const;
 

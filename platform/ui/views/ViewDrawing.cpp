@@ -34,7 +34,7 @@ void View::render(GraphicsContext& context)
     context.restoreState();
 }
 
-ImageRef View::image()
+ImageRef View::rendered()
 {
     layoutSubtreeIfNeeded();
     auto image = std::make_shared<Image>(frame_.size);

@@ -1,0 +1,59 @@
+#include "platform/ui/internal/QtOpenPanel.h"
+
+#include <QFileDialog>
+
+#include "platform/runtime/Log.h"
+#include "platform/runtime/RunLoop.h"
+#include "platform/ui/dialogs/AlertPanel.h"
+#include "platform/ui/internal/QtWindow.h"
+#include "platform/ui/internal/Sheet.h"
+
+namespace Platform {
+namespace {
+
+QFileDialog::FileMode modeOf(const OpenPanelRequest& request)
+{
+    if (!request.canChooseFiles) return QFileDialog::Directory;
+    return request.allowsMultipleSelection ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
+}
+
+// The desktop's own dialogs would ignore some of the settings, so it is always the toolkit's.
+QFileDialog* panelFor(const OpenPanelRequest& request, QWidget* parent)
+{
+    auto* panel = new QFileDialog(parent);
+    panel->setOption(QFileDialog::DontUseNativeDialog);
+    panel->setOption(QFileDialog::ReadOnly, !request.canCreateDirectories);
+    panel->setOption(QFileDialog::ShowDirsOnly, !request.canChooseFiles);
+    panel->setFileMode(modeOf(request));
+    panel->setAcceptMode(QFileDialog::AcceptOpen);
+    if (request.directory) panel->setDirectory(QString::fromStdString(request.directory->path()));
+    if (!request.prompt.empty()) panel->setLabelText(QFileDialog::Accept, QString::fromStdString(request.prompt));
+    return panel;
+}
+
+OpenPanelAnswer answerOf(const QFileDialog& panel)
+{
+    OpenPanelAnswer answer;
+    answer.directory = Url::fromPath(panel.directory().absolutePath().toStdString(), true);
+    const QStringList chosen = panel.selectedFiles();
+    if (panel.result() != QDialog::Accepted) return answer;
+    answer.response = OpenPanelAnswer::ok;
+    if (!chosen.isEmpty()) answer.url = Url::fromPath(chosen.front().toStdString());
+    return answer;
+}
+
+}  // namespace
+
+void QtOpenPanel::beginSheet(const WindowRef& window, const OpenPanelRequest& request, Completion completion)
+{
+    if (!DialogAudience::shared().isPresent()) {
+        log("Open panel: there is no screen to show it on, so it counts as cancelled");
+        return RunLoop::main().post([completion = std::move(completion)] { completion({}); });
+    }
+    ensureWidgetApplication();
+    auto* panel = panelFor(request, WindowAccess::widget(window));
+    Platform::beginSheet(panel,
+                         [panel, completion = std::move(completion)](QDialog&) { completion(answerOf(*panel)); });
+}
+
+}  // namespace Platform

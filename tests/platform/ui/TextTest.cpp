@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+
+#include "platform/ui/text/AttributedString.h"
+#include "platform/ui/text/TextAttachment.h"
+#include "tests/platform/ui/Pixels.h"
+
+using namespace Platform;
+
+namespace {
+
+const Font font = Font::named("DejaVu Sans", 20);
+
+AttributedString text(const std::string& content)
+{
+    return AttributedString(content, {{fontAttribute, font}});
+}
+
+TEST(TextSize, LinesAddUpAndLongOnesWrap)
+{
+    const Size one = text("Measure").boundingSize();
+    EXPECT_GT(one.width, 60);
+    EXPECT_NEAR(one.height, font.ascender() + font.descender() + font.leading(), 1);
+    EXPECT_EQ(text("").boundingSize(), Size{});
+    const struct {
+        const char* content;
+        Size maximum;
+        double lines;
+    } cases[] = {
+        {"Measure\nMeasure", {}, 2},
+        {"Measure\n\nMeasure", {}, 3},
+        {"Measure Measure", {one.width + 1, 0}, 2},
+        {"Measure Measure", {500, 0}, 1},
+        {"Measure", {one.width * 0.8, 0}, 2},
+        {"a\nb\nc\nd", {0, 2.5 * one.height}, 2},
+        {"a\nb", {0, 1}, 1},
+        {"a b", {std::nan(""), std::nan("")}, 1},
+        {"a b", {-5, -5}, 1},
+    };
+    for (const auto& each : cases) {
+        EXPECT_NEAR(text(each.content).boundingSize(each.maximum).height, each.lines * one.height, 0.5) << each.content;
+    }
+}
+
+// Neither kind may take more than time in proportion to its length.
+TEST(TextSize, AMegabyteIsMeasured)
+{
+    std::string words;
+    while (words.size() < (1u << 20)) words += "measure ";
+    for (const std::string& content : {words, std::string(1u << 20, 'x')}) {
+        EXPECT_GT(text(content).boundingSize({400, 0}).height, 100'000);
+        EXPECT_LE(text(content).boundingSize({400, 100}).height, 100);
+    }
+    std::string lines(1u << 20, '\n');
+    EXPECT_GT(text(lines).boundingSize().height, 1'000'000);
+}
+
+TEST(Font, MetricsGrowWithTheSizeAndBoldIsWider)
+{
+    EXPECT_NEAR(Font::named("DejaVu Sans", 40).capHeight(), 2 * font.capHeight(), 2.01);
+    EXPECT_LT(font.capHeight(), font.ascender());
+    const auto width = [](const Font& each) {
+        return AttributedString("Width", {{fontAttribute, each}}).boundingSize().width;
+    };
+    EXPECT_LT(width(font), width(Font::named("DejaVu Sans", 20, FontWeight::bold)));
+    EXPECT_NEAR(width(Font::system(-1)), width(Font::system(13)), 0.01);
+}
+
+class AttachmentTest : public testing::Test {
+protected:
+    std::shared_ptr<TextAttachment> attachment(const Rect& bounds)
+    {
+        auto result = std::make_shared<TextAttachment>();
+        result->setImage(Tests::plainImage(10, 10, 0xff00ff00));
+        result->setBounds(bounds);
+        return result;
+    }
+};
+
+TEST_F(AttachmentTest, TakesItsWidthAndMakesRoomAboveAndBelow)
+{
+    const Size plain = text("ab").boundingSize();
+    const auto with = [&](const Rect& bounds) {
+        return text("a").append(AttributedString(attachment(bounds))).append(text("b")).boundingSize();
+    };
+    EXPECT_NEAR(with(Rect::of(0, 0, 30, 5)).width, plain.width + 30, 1.5);
+    EXPECT_NEAR(with(Rect::of(0, 0, 30, 5)).height, plain.height, 0.5);
+    EXPECT_NEAR(with(Rect::of(0, -60, 30, 100)).height, 100, 0.5);
+}
+
+TEST_F(AttachmentTest, IsDrawnAboveTheBaseLine)
+{
+    const auto image = std::make_shared<Image>(Size{60, 60});
+    {
+        ImageFocus focus(image);
+        AttributedString(attachment(Rect::of(0, 10, 20, 30))).draw(Point{5, 0});
+    }
+    // Line: 40 above the base line; the image from 10 to 40 above it.
+    EXPECT_EQ(image->bitmap()->pixel(10, 15), 0xff00ff00u);
+    EXPECT_EQ(image->bitmap()->pixel(10, 35), 0u);
+    EXPECT_EQ(image->bitmap()->pixel(2, 15), 0u);
+}
+
+TEST_F(AttachmentTest, ComesBackFromItsArchive)
+{
+    const TextAttachment copy(attachment(Rect::of(1, -2.5, 3, 4))->archive());
+    EXPECT_EQ(copy.bounds(), Rect::of(1, -2.5, 3, 4));
+    EXPECT_EQ(Tests::rowsOf(copy.image()), Tests::rowsOf(Tests::plainImage(10, 10, 0xff00ff00)));
+    EXPECT_FALSE(TextAttachment(PropertyList::Dictionary{{"Bounds", "x"}, {"Image", 5}}).image());
+}
+
+TEST(TextDrawing, UsesTheColorAndTheAlignment)
+{
+    auto style = std::make_shared<ParagraphStyle>(ParagraphStyle{TextAlignment::right});
+    const AttributedString red("I", {{fontAttribute, font},
+                                     {foregroundColorAttribute, Color::calibratedRGB(1, 0, 0)},
+                                     {paragraphStyleAttribute, style}});
+    const auto image = std::make_shared<Image>(Size{100, 30});
+    {
+        ImageFocus focus(image);
+        red.draw(Rect::of(0, 0, 100, 30));
+    }
+    int reds = 0, others = 0;
+    const auto rows = Tests::rowsOf(image);
+    for (const auto& row : rows) {
+        for (std::size_t x = 0; x < row.size(); ++x) {
+            if (row[x] >> 24 == 0) continue;
+            (x > 85 && (row[x] & 0xffff) == 0 ? reds : others) += 1;
+        }
+    }
+    EXPECT_GT(reds, 10);
+    EXPECT_EQ(others, 0);
+}
+
+}  // namespace

@@ -1,0 +1,251 @@
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+#include "platform/runtime/Shared.h"
+#include "platform/ui/DesktopAppearance.h"
+#include "platform/ui/views/Button.h"
+#include "platform/ui/views/View.h"
+#include "tests/platform/ui/Pixels.h"
+
+using namespace Platform;
+
+namespace {
+
+struct Pin {
+    LayoutAttribute attribute;
+    double constant;
+    bool isToSuperview = true;
+};
+
+class Constraints : public testing::Test {
+protected:
+    Constraints()
+    {
+        child->setTranslatesAutoresizingMaskIntoConstraints(false);
+        parent->addSubview(child);
+    }
+
+    Rect placed(const std::vector<Pin>& pins)
+    {
+        for (const Pin& pin : pins) {
+            const LayoutAnchor own = child->anchor(pin.attribute);
+            const auto constraint = pin.isToSuperview
+                                        ? own.constraintEqualTo(parent->anchor(pin.attribute), pin.constant)
+                                        : own.constraintEqualToConstant(pin.constant);
+            constraint->setActive(true);
+        }
+        parent->layoutSubtreeIfNeeded();
+        return child->frame();
+    }
+
+    ViewRef parent = std::make_shared<View>(Rect::of(50, 50, 100, 60));
+    ViewRef child = std::make_shared<View>(Rect::of(1, 2, 30, 40));
+};
+
+TEST_F(Constraints, PlaceTheViewByWhatIsGiven)
+{
+    using enum LayoutAttribute;
+    const struct {
+        std::vector<Pin> pins;
+        Rect expected;
+    } cases[] = {
+        {{}, Rect::of(1, 2, 30, 40)},
+        {{{left, 0}, {right, 0}, {top, 0}, {bottom, 0}}, Rect::of(0, 0, 100, 60)},
+        {{{centerX, 0}, {centerY, 0}, {width, 20, false}, {height, 10, false}}, Rect::of(40, 25, 20, 10)},
+        {{{right, -5}, {width, 20, false}}, Rect::of(75, 2, 20, 40)},
+        {{{left, 10}, {centerX, 0}}, Rect::of(10, 2, 80, 40)},
+        {{{bottom, -1}, {centerY, 4}}, Rect::of(1, 9, 30, 50)},
+        {{{width, -10}}, Rect::of(1, 2, 90, 40)},
+        {{{left, 80}, {right, -80}}, Rect::of(80, 2, 0, 40)},
+        {{{width, std::nan(""), false}}, Rect::of(1, 2, 30, 40)},
+    };
+    for (const auto& each : cases) {
+        LayoutConstraint::deactivate(parent->constraints());
+        LayoutConstraint::deactivate(child->constraints());
+        child->setFrame(Rect::of(1, 2, 30, 40));
+        EXPECT_EQ(placed(each.pins), each.expected) << &each - cases;
+    }
+}
+
+TEST_F(Constraints, FollowTheSuperviewAndTheConstant)
+{
+    placed({{LayoutAttribute::right, 0}, {LayoutAttribute::width, 20, false}});
+    parent->setFrame(Rect::of(0, 0, 200, 60));
+    parent->layoutSubtreeIfNeeded();
+    EXPECT_EQ(child->frame().minX(), 180);
+    child->constraints()[0]->setConstant(50);
+    parent->layoutSubtreeIfNeeded();
+    EXPECT_EQ(child->frame().minX(), 150);
+}
+
+TEST_F(Constraints, EndWhenTheViewLeavesAndHoldNobody)
+{
+    const auto constraint = child->topAnchor().constraintEqualTo(parent->topAnchor());
+    const auto own = child->widthAnchor().constraintEqualToConstant(9);
+    LayoutConstraint::activate({constraint, own});
+    EXPECT_EQ(parent->constraints().size(), 1u);
+    child->removeFromSuperview();
+    EXPECT_FALSE(constraint->isActive());
+    EXPECT_TRUE(own->isActive());
+    EXPECT_TRUE(parent->constraints().empty());
+    constraint->setActive(true);
+    EXPECT_FALSE(constraint->isActive());
+    std::weak_ptr<View> weak = parent;
+    parent.reset();
+    EXPECT_TRUE(weak.expired());
+    constraint->setActive(false);
+    constraint->setConstant(3);
+}
+
+TEST_F(Constraints, SurviveTheSuperviewsEnd)
+{
+    const auto constraint = child->topAnchor().constraintEqualTo(parent->topAnchor());
+    constraint->setActive(true);
+    parent.reset();
+    EXPECT_EQ(child->superview(), nullptr);
+    EXPECT_FALSE(constraint->isActive());
+    child->removeFromSuperview();
+    child->layoutSubtreeIfNeeded();
+    constraint->setActive(true);
+    EXPECT_FALSE(constraint->isActive());
+}
+
+TEST(ViewTree, KeepsOrderAndOneSuperview)
+{
+    const auto root = std::make_shared<View>(), other = std::make_shared<View>();
+    const auto a = std::make_shared<View>(), b = std::make_shared<View>(), c = std::make_shared<View>();
+    using Views = std::vector<ViewRef>;
+    root->addSubview(a);
+    root->addSubview(b);
+    root->addSubview(c, ViewPosition::below, nullptr);
+    EXPECT_EQ(root->subviews(), (Views{c, a, b}));
+    root->addSubview(c, ViewPosition::above, a);
+    EXPECT_EQ(root->subviews(), (Views{a, c, b}));
+    root->setSubviews({b, a, b});
+    EXPECT_EQ(root->subviews(), (Views{b, a}));
+    EXPECT_EQ(c->superview(), nullptr);
+    other->addSubview(a);
+    EXPECT_EQ(root->subviews(), Views{b});
+    b->addSubview(root);
+    EXPECT_EQ(root->superview(), nullptr);
+    b->addSubview(b);
+    EXPECT_TRUE(b->subviews().empty());
+}
+
+class FakeDesktopAppearance final : public DesktopAppearance {
+public:
+    Appearance appearance() const override { return Appearance(isDark ? Appearance::darkAqua : Appearance::aqua); }
+    Subscription observe(std::function<void()> observer) override
+    {
+        changed = std::move(observer);
+        return Subscription([this] { changed = nullptr; });
+    }
+    bool isDark = false;
+    std::function<void()> changed;
+};
+
+TEST(ViewAppearance, IsInheritedAndObserved)
+{
+    auto desktop = std::make_shared<FakeDesktopAppearance>();
+    const Shared<DesktopAppearance>::Override replaced(desktop);
+    const auto root = std::make_shared<View>(), leaf = std::make_shared<View>();
+    root->addSubview(leaf);
+    int calls = 0;
+    Subscription once = leaf->observeEffectiveAppearance([&] { ++calls; });
+    desktop->isDark = true;
+    desktop->changed();
+    EXPECT_EQ(leaf->effectiveAppearance().name(), Appearance::darkAqua);
+    EXPECT_EQ(calls, 1);
+    root->setAppearance(Appearance(Appearance::highContrastDarkAqua));
+    EXPECT_EQ(leaf->effectiveAppearance().name(), Appearance::highContrastDarkAqua);
+    EXPECT_EQ(calls, 2);
+    once.cancel();
+    once.cancel();
+    root->setAppearance({});
+    EXPECT_EQ(calls, 2);
+}
+
+class Filled final : public View {
+public:
+    using View::View;
+    void draw(const Rect& rect) override
+    {
+        GraphicsContext::current()->setFillColor(Color::labelColor().withAlpha(1));
+        GraphicsContext::current()->fill(rect, CompositingOperation::sourceOver);
+    }
+};
+
+TEST(ViewDrawing, ShowsLayersContentAndSubviewsForItsAppearance)
+{
+    const auto root = std::make_shared<Filled>(Rect::of(9, 9, 4, 2)),
+               child = std::make_shared<Filled>(Rect::of(1, 0, 1, 9));
+    const auto hidden = std::make_shared<Filled>(Rect::of(0, 0, 4, 2));
+    child->setAppearance(Appearance(Appearance::darkAqua));
+    hidden->setHidden(true);
+    root->setSubviews({child, hidden});
+    constexpr std::uint32_t k = 0xff000000, w = 0xffffffff;
+    EXPECT_EQ(Tests::rowsOf(root->rendered()), (Tests::Rows{{k, w, k, k}, {k, w, k, k}}));
+    EXPECT_FALSE(child->needsDisplay());
+    const auto layered = std::make_shared<View>(Rect::of(0, 0, 2, 1));
+    layered->setWantsLayer(true);
+    layered->layer()->setBackgroundColor(Color::calibratedRGB(1, 0, 0));
+    EXPECT_EQ(Tests::rowsOf(layered->rendered()), (Tests::Rows{{0xffff0000, 0xffff0000}}));
+}
+
+struct Receiver final : Responder {
+    void clicked() { ++clicks; }
+    void clickedBy(ActionSender& sender) { lastTag = sender.tag(); }
+    int clicks = 0;
+    long lastTag = 0;
+};
+
+TEST(Button, CallsItsTargetOnceWhileItLives)
+{
+    auto receiver = std::make_shared<Receiver>();
+    const auto root = std::make_shared<View>(Rect::of(0, 0, 50, 50));
+    const auto button = std::make_shared<Button>(Rect::of(10, 10, 20, 20));
+    root->addSubview(button);
+    button->setTarget(receiver);
+    button->setAction(&Receiver::clicked);
+    button->setTag(7);
+    const auto click = [&](double x, double y) {
+        if (const ViewRef view = root->hitTest({x, y})) view->mouseUp({});
+    };
+    click(15, 15);
+    click(5, 5);
+    click(500, 5);
+    EXPECT_EQ(receiver->clicks, 1);
+    button->setAction(&Receiver::clickedBy);
+    button->performClick();
+    EXPECT_EQ(receiver->lastTag, 7);
+    button->setEnabled(false);
+    button->setAction(&Receiver::clicked);
+    button->performClick();
+    EXPECT_EQ(receiver->clicks, 1);
+    button->setEnabled(true);
+    receiver.reset();
+    button->performClick();
+}
+
+TEST(Button, AsksForRoomForImageAndTitleAndTintsTemplates)
+{
+    const auto button = std::make_shared<Button>();
+    EXPECT_EQ(button->intrinsicContentSize(), Size{});
+    const auto image = Tests::plainImage(16, 16, 0xff0000ff);
+    image->setTemplate(true);
+    button->setImage(image);
+    const Size picture = button->intrinsicContentSize();
+    EXPECT_EQ(picture, (Size{24, 16}));
+    button->setTitle("9 %");
+    EXPECT_GT(button->intrinsicContentSize().width, picture.width + 10);
+    button->setTitle("");
+    button->setAppearance(Appearance(Appearance::darkAqua));
+    button->setFrame({{}, picture});
+    const std::uint32_t middle = button->rendered()->bitmap()->pixel(12, 8);
+    EXPECT_NEAR(int(middle >> 24), 217, 1);
+    EXPECT_GT(middle & 0xff, 200u);
+    EXPECT_GT(middle >> 16 & 0xff, 200u);
+}
+
+}  // namespace
