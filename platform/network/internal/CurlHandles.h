@@ -1,0 +1,50 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <mutex>
+#include <string>
+
+#include <curl/curl.h>
+
+namespace Platform {
+
+template <auto release>
+struct CurlDeleter {
+    template <typename T>
+    void operator()(T* handle) const
+    {
+        release(handle);
+    }
+};
+
+// One transfer's settings and connection state.
+using EasyHandle = std::unique_ptr<CURL, CurlDeleter<curl_easy_cleanup>>;
+// A set of transfers with their connections.
+using MultiHandle = std::unique_ptr<CURLM, CurlDeleter<curl_multi_cleanup>>;
+using HeaderList = std::unique_ptr<curl_slist, CurlDeleter<curl_slist_free_all>>;
+
+// Prepares the library once for the process; before any handle is made.
+void startCurl();
+
+// The list with one line more; a list that could not grow is unchanged.
+void append(HeaderList& list, const std::string& line);
+
+// The cookies of one session, shared by its transfers. Outlives their handles.
+class CookieJar {
+public:
+    CookieJar();
+    CookieJar(const CookieJar&) = delete;
+    CookieJar& operator=(const CookieJar&) = delete;
+
+    void attach(CURL* easy) const { curl_easy_setopt(easy, CURLOPT_SHARE, share_.get()); }
+
+private:
+    static void lock(CURL*, curl_lock_data data, curl_lock_access, void* jar);
+    static void unlock(CURL*, curl_lock_data data, void* jar);
+
+    std::array<std::mutex, CURL_LOCK_DATA_LAST> mutexes_;
+    std::unique_ptr<CURLSH, CurlDeleter<curl_share_cleanup>> share_;
+};
+
+}  // namespace Platform

@@ -1,0 +1,166 @@
+#include "platform/network/internal/NetworkThread.h"
+
+#include <algorithm>
+#include <thread>
+#include <utility>
+
+#include <signal.h>
+
+namespace Platform {
+
+NetworkThread& NetworkThread::shared()
+{
+    static NetworkThread& thread = *new NetworkThread;  // runs until the process ends
+    return thread;
+}
+
+NetworkThread::NetworkThread() : multi_((startCurl(), curl_multi_init()))
+{
+    // The thread takes no signal, SIGPIPE of a lost connection included.
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before);
+    std::thread([this] { run(); }).detach();
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+}
+
+std::shared_ptr<NetworkThread::Ticket> NetworkThread::submit(std::unique_ptr<Transfer> transfer, Completion completion)
+{
+    auto ticket = std::make_shared<Ticket>();
+    ticket->transfer = std::move(transfer);
+    ticket->completion = std::move(completion);
+    {
+        std::lock_guard lock(mutex_);
+        submitted_.push_back(ticket);
+    }
+    signal();
+    return ticket;
+}
+
+void NetworkThread::cancel(const std::shared_ptr<Ticket>& ticket)
+{
+    {
+        std::lock_guard lock(mutex_);
+        ticket->isCancelled = true;
+        hasCancelled_ = true;
+    }
+    signal();
+}
+
+void NetworkThread::signal()
+{
+    hasWork_.notify_one();
+    curl_multi_wakeup(multi_.get());
+}
+
+void NetworkThread::run()
+{
+    for (;;) {
+        waitForWork();
+        takeSubmitted();
+        dropCancelled();
+        admit();
+        int running = 0;
+        curl_multi_perform(multi_.get(), &running);
+        takeFinished();
+        expire();
+        if (!active_.empty()) curl_multi_poll(multi_.get(), nullptr, 0, millisecondsToDeadline(), nullptr);
+    }
+}
+
+void NetworkThread::waitForWork()
+{
+    std::unique_lock lock(mutex_);
+    const bool isIdle = active_.empty() && waiting_.empty();
+    if (isIdle) hasWork_.wait(lock, [&] { return !submitted_.empty(); });
+}
+
+void NetworkThread::takeSubmitted()
+{
+    std::lock_guard lock(mutex_);
+    waiting_.insert(waiting_.end(), submitted_.begin(), submitted_.end());
+    submitted_.clear();
+}
+
+void NetworkThread::admit()
+{
+    while (!waiting_.empty() && active_.size() < mostActive) {
+        auto ticket = std::move(waiting_.front());
+        waiting_.pop_front();
+        ticket->easy.reset(curl_easy_init());
+        ticket->transfer->prepare(ticket->easy.get(), std::chrono::steady_clock::now());
+        active_.push_back(ticket);
+        curl_multi_add_handle(multi_.get(), ticket->easy.get());
+    }
+}
+
+void NetworkThread::end(std::list<std::shared_ptr<Ticket>>::iterator place, FetchOutcome outcome)
+{
+    const std::shared_ptr<Ticket> ticket = std::move(*place);
+    active_.erase(place);
+    curl_multi_remove_handle(multi_.get(), ticket->easy.get());
+    ticket->easy.reset();
+    ticket->transfer.reset();
+    std::exchange(ticket->completion, nullptr)(std::move(outcome));
+}
+
+void NetworkThread::dropCancelled()
+{
+    std::vector<std::shared_ptr<Ticket>> cancelled;
+    {
+        std::lock_guard lock(mutex_);
+        if (!std::exchange(hasCancelled_, false)) return;
+        const auto collect = [&](const auto& tickets) {
+            std::copy_if(tickets.begin(), tickets.end(), std::back_inserter(cancelled),
+                         [](const auto& ticket) { return ticket->isCancelled; });
+        };
+        collect(waiting_);
+        collect(active_);
+    }
+    for (const auto& ticket : cancelled) {
+        auto outcome = ticket->transfer->failed(URLError::Code::cancelled);
+        if (const auto place = std::find(active_.begin(), active_.end(), ticket); place != active_.end()) {
+            end(place, std::move(outcome));
+            continue;
+        }
+        waiting_.erase(std::find(waiting_.begin(), waiting_.end(), ticket));
+        ticket->transfer.reset();
+        std::exchange(ticket->completion, nullptr)(std::move(outcome));
+    }
+}
+
+void NetworkThread::takeFinished()
+{
+    int left = 0;
+    while (const CURLMsg* message = curl_multi_info_read(multi_.get(), &left)) {
+        if (message->msg != CURLMSG_DONE) continue;
+        const CURLcode code = message->data.result;
+        const auto place = std::find_if(active_.begin(), active_.end(),
+                                        [&](const auto& ticket) { return ticket->easy.get() == message->easy_handle; });
+        if (place != active_.end()) end(place, (*place)->transfer->finished(code));
+    }
+}
+
+void NetworkThread::expire()
+{
+    const auto now = std::chrono::steady_clock::now();
+    for (auto place = active_.begin(); place != active_.end();) {
+        const auto next = std::next(place);
+        if ((*place)->transfer->deadline() <= now) end(place, (*place)->transfer->failed(URLError::Code::timedOut));
+        place = next;
+    }
+}
+
+int NetworkThread::millisecondsToDeadline() const
+{
+    constexpr std::chrono::milliseconds longest(60 * 60 * 1000);
+    auto next = Transfer::Instant::max();
+    for (const auto& ticket : active_) next = std::min(next, ticket->transfer->deadline());
+    const auto now = std::chrono::steady_clock::now();
+    if (next - now > longest) return static_cast<int>(longest.count());
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(next - now);
+    return static_cast<int>(std::max(left, std::chrono::milliseconds(0)).count());
+}
+
+}  // namespace Platform

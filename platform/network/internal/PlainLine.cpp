@@ -1,0 +1,74 @@
+#include "platform/network/internal/PlainLine.h"
+
+#include <algorithm>
+
+#include <signal.h>
+#include <time.h>
+
+namespace Platform {
+
+namespace {
+
+// Keeps the SIGPIPE of a lost connection from ending the process, without
+// changing what the process does about its own.
+class WithoutBrokenPipe {
+public:
+    WithoutBrokenPipe()
+    {
+        sigset_t pending;
+        sigpending(&pending);
+        wasPending_ = sigismember(&pending, SIGPIPE) == 1;
+        sigemptyset(&pipe_);
+        sigaddset(&pipe_, SIGPIPE);
+        pthread_sigmask(SIG_BLOCK, &pipe_, &before_);
+    }
+    WithoutBrokenPipe(const WithoutBrokenPipe&) = delete;
+    WithoutBrokenPipe& operator=(const WithoutBrokenPipe&) = delete;
+    ~WithoutBrokenPipe()
+    {
+        constexpr timespec atOnce{};
+        if (!wasPending_) sigtimedwait(&pipe_, nullptr, &atOnce);
+        pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+    }
+
+private:
+    sigset_t pipe_{};
+    sigset_t before_{};
+    bool wasPending_ = false;
+};
+
+}  // namespace
+
+PlainLine::PlainLine() : easy_((startCurl(), curl_easy_init())), multi_(curl_multi_init()) {}
+
+FetchOutcome PlainLine::perform(Transfer& transfer)
+{
+    const WithoutBrokenPipe guard;
+    transfer.prepare(easy_.get(), std::chrono::steady_clock::now());
+    curl_multi_add_handle(multi_.get(), easy_.get());
+    FetchOutcome outcome = waitFor(transfer);
+    curl_multi_remove_handle(multi_.get(), easy_.get());
+    curl_easy_reset(easy_.get());
+    return outcome;
+}
+
+FetchOutcome PlainLine::waitFor(Transfer& transfer)
+{
+    constexpr std::chrono::milliseconds longest(60 * 60 * 1000);
+    for (;;) {
+        int running = 0;
+        curl_multi_perform(multi_.get(), &running);
+        int left = 0;
+        while (const CURLMsg* message = curl_multi_info_read(multi_.get(), &left)) {
+            if (message->msg == CURLMSG_DONE) return transfer.finished(message->data.result);
+        }
+        const auto now = std::chrono::steady_clock::now();
+        const auto deadline = transfer.deadline();
+        if (deadline <= now) return transfer.failed(URLError::Code::timedOut);
+        const auto wait =
+            deadline - now < longest ? std::chrono::ceil<std::chrono::milliseconds>(deadline - now) : longest;
+        curl_multi_poll(multi_.get(), nullptr, 0, static_cast<int>(wait.count()), nullptr);
+    }
+}
+
+}  // namespace Platform

@@ -1,0 +1,195 @@
+#include <coroutine>
+#include <future>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "Fennick/web/WebRequest.h"
+#include "tests/fakes/VirtualClock.h"
+#include "tests/support/http/TestSite.h"
+
+namespace Fennick {
+
+namespace {
+
+using namespace std::chrono_literals;
+using Platform::HTTPURLResponse;
+using Platform::URLError;
+using Tests::HttpServer;
+using Tests::testSite;
+
+// Starts at once and cleans up after itself; or is destroyed while it waits.
+struct Job {
+    struct promise_type {
+        Job get_return_object() { return {std::coroutine_handle<promise_type>::from_promise(*this)}; }
+        std::suspend_never initial_suspend() { return {}; }
+        std::suspend_never final_suspend() noexcept { return {}; }
+        void return_void() {}
+        void unhandled_exception() { std::terminate(); }
+    };
+    std::coroutine_handle<promise_type> handle;
+};
+
+std::string bodyOf(const WebResult& result)
+{
+    return {result.data.begin(), result.data.end()};
+}
+
+// The result's body, or the error's number: by get() and by co_await.
+Job await(std::string url, std::promise<std::string>& answer)
+{
+    try {
+        const WebResult result = co_await WebRequest::get(url);
+        answer.set_value(bodyOf(result));
+    } catch (const URLError& error) {
+        answer.set_value(std::to_string(static_cast<int>(error.code())));
+    }
+}
+
+std::string awaited(const std::string& url)
+{
+    std::promise<std::string> answer;
+    auto future = answer.get_future();
+    await(url, answer);
+    return future.wait_for(20s) == std::future_status::ready ? future.get() : "no answer";
+}
+
+std::string got(Pending<WebResult> pending)
+{
+    try {
+        return bodyOf(pending.get());
+    } catch (const URLError& error) {
+        return std::to_string(static_cast<int>(error.code()));
+    }
+}
+
+// What a completion was called with: "data", "error", "nothing".
+template <typename Start>
+std::string called(Start start)
+{
+    auto answer = std::make_shared<std::promise<std::string>>();
+    auto future = answer->get_future();
+    start([answer](const std::optional<Platform::Data>& data, const std::optional<URLError>& error) {
+        answer->set_value(data ? "data" : error ? "error" : "nothing");
+    });
+    return future.wait_for(20s) == std::future_status::ready ? future.get() : "no answer";
+}
+
+TEST(WebRequest, EncodesUrlTextsAndLeavesRawOnesAlone)
+{
+    HttpServer server(testSite);
+    const std::pair<std::string, std::string> cases[] = {
+        {"/a b", "/a%20b"}, {"/100%", "/100%25"},
+        {"/%20", "/%2520"}, {"/\u00e9?k=v&l=;/@:", "/%C3%A9?k=v&l=;/@:"},
+        {"/a#b", "/a%23b"}, {"/[x]|{y}", "/%5Bx%5D%7C%7By%7D"},
+    };
+    for (const auto& [path, onWire] : cases) {
+        EXPECT_EQ(got(WebRequest::get(server.url(path))), onWire);
+        EXPECT_EQ(awaited(server.url(path)), onWire);
+    }
+    EXPECT_EQ(got(WebRequest::getRaw(server.url("/%20"))), "/%20");
+    const std::string million(1'000'000, 'a');
+    EXPECT_EQ(got(WebRequest::get(server.url("/" + million))), "/" + million);
+}
+
+TEST(WebRequest, FailsWithUnsupportedUrlWhereTheTextIsNone)
+{
+    const std::string unsupported = std::to_string(static_cast<int>(URLError::Code::unsupportedURL));
+    for (const std::string text : {"", "nothing", "//host", ":"}) {
+        EXPECT_EQ(got(WebRequest::get(text)), unsupported) << text;
+        EXPECT_EQ(awaited(text), unsupported) << text;
+        EXPECT_EQ(called([&](auto completion) { WebRequest::get(text, completion); }), "nothing") << text;
+    }
+    EXPECT_EQ(got(WebRequest::getRaw("http://127.0.0.1/a b")), unsupported);
+    EXPECT_EQ(called([](auto completion) { WebRequest::getRaw("http://127.0.0.1/a b", completion); }), "nothing");
+    std::promise<int> code;
+    WebRequest::ping("", 1, [&](const Outcome<PingResult>& outcome) {
+        code.set_value(static_cast<int>(std::get<URLError>(outcome).code()));
+    });
+    EXPECT_EQ(std::to_string(code.get_future().get()), unsupported);
+}
+
+TEST(WebRequest, EachOperationSendsItsMethodBodyAndHeaders)
+{
+    HttpServer server(testSite);
+    const std::string url = server.url("/echo");
+    const auto starts = [](Pending<WebResult> pending, const std::string& method, const std::string& end) {
+        const std::string text = got(std::move(pending));
+        return text.starts_with(method + " /echo\n") && text.ends_with(end);
+    };
+    const WebRequest::HeaderFields headers{{"X-A", "1"}, {"X-A", "2"}};
+    EXPECT_TRUE(starts(WebRequest::post(url, "a=b&c=%20"), "POST", "\n\na=b&c=%20"));
+    EXPECT_TRUE(starts(WebRequest::request("PATCH", url), "PATCH", "\n\n"));
+    EXPECT_TRUE(starts(WebRequest::put(url), "PUT", "\n\n"));
+    EXPECT_TRUE(starts(WebRequest::delete_(url), "DELETE", "\n\n"));
+    EXPECT_NE(got(WebRequest::get(url, headers)).find("X-A: 1\nX-A: 2\n"), std::string::npos);
+    EXPECT_NE(got(WebRequest::post(url, "x")).find("Content-Type: application/x-www-form-urlencoded\n"),
+              std::string::npos);
+    EXPECT_EQ(got(WebRequest::post(url)).find("Content-Type"), std::string::npos);
+    EXPECT_EQ(called([&](auto completion) { WebRequest::post(url, "x", headers, completion); }), "data");
+    EXPECT_EQ(called([&](auto completion) { WebRequest::put(server.url("/closed"), {}, completion); }), "error");
+    const Platform::URLRequest own(*Platform::Url::parse(url));
+    EXPECT_EQ(called([&](auto completion) { WebRequest::send(own, completion); }), "data");
+    std::promise<int> status;
+    WebRequest::get(url, headers, [&](auto, const Platform::URLResponseRef& response, auto) {
+        status.set_value(HTTPURLResponse::from(response)->statusCode());
+    });
+    EXPECT_EQ(status.get_future().get(), 200);
+}
+
+TEST(WebRequest, PingTellsSuccessByStatusAndThrowsWhatTheTransportSays)
+{
+    HttpServer server(testSite);
+    EXPECT_TRUE(WebRequest::ping(server.url("/status/204"), 5).get().isSuccess);
+    const PingResult missing = WebRequest::ping(server.url("/status/404"), 5).get();
+    EXPECT_FALSE(missing.isSuccess);
+    EXPECT_GT(missing.responseTime, 0);
+    EXPECT_THROW(WebRequest::ping(server.url("/silent"), 0.1).get(), URLError);
+    EXPECT_THROW(WebRequest::ping(server.url("/silent"), -1).get(), URLError);
+    EXPECT_FALSE(WebRequest::ping("file:///etc/hostname", 5).get().isSuccess);
+    std::promise<bool> success;
+    WebRequest::ping(server.url("/status/299"), 5, [&](const Outcome<PingResult>& outcome) {
+        success.set_value(std::get<PingResult>(outcome).isSuccess);
+    });
+    EXPECT_TRUE(success.get_future().get());
+
+    for (const auto& [path, isReachable] :
+         {std::pair("/status/200", true), {"/status/301", false}, {"/closed", false}}) {
+        std::promise<bool> reached;
+        WebRequest::isReachable(server.url(path), 5, [&](bool flag) { reached.set_value(flag); });
+        EXPECT_EQ(reached.get_future().get(), isReachable) << path;
+    }
+}
+
+TEST(WebRequest, PingMeasuresByTheWallClockAndTimesOutByTheOther)
+{
+    Tests::ReplacedClock clock;
+    HttpServer server([&](const Tests::HttpRequest&, Tests::HttpConnection& out) {
+        clock->setWall(clock->wallSeconds() + 2.5);
+        return out.answer(200, "");
+    });
+    EXPECT_DOUBLE_EQ(WebRequest::ping(server.url("/"), 1).get().responseTime, 2.5);
+}
+
+TEST(WebRequest, ACoroutineDestroyedWhileItWaitsEndsItsRequest)
+{
+    std::promise<void> hasArrived;
+    std::promise<void> hasEnded;
+    HttpServer server([&](const Tests::HttpRequest&, Tests::HttpConnection& out) {
+        hasArrived.set_value();
+        out.awaitEnd();
+        hasEnded.set_value();
+        return false;
+    });
+    std::promise<std::string> answer;
+    auto future = answer.get_future();
+    const Job job = await(server.url("/"), answer);
+    ASSERT_EQ(hasArrived.get_future().wait_for(10s), std::future_status::ready);
+    job.handle.destroy();
+    EXPECT_EQ(hasEnded.get_future().wait_for(10s), std::future_status::ready);
+    EXPECT_EQ(future.wait_for(0s), std::future_status::timeout);
+}
+
+}  // namespace
+
+}  // namespace Fennick

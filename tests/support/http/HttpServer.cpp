@@ -1,0 +1,172 @@
+#include "tests/support/http/HttpServer.h"
+
+#include <optional>
+#include <stdexcept>
+
+#include <arpa/inet.h>
+#include <netinet/tcp.h>
+#include <openssl/ssl.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace Tests {
+
+namespace {
+
+std::string lowered(std::string_view text)
+{
+    std::string lower(text);
+    for (char& c : lower) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+    return lower;
+}
+
+// The request at the front of the bytes, taken off them; absent when not whole.
+std::optional<HttpRequest> takeRequest(std::string& bytes)
+{
+    const std::size_t end = bytes.find("\r\n\r\n");
+    if (end == std::string::npos) return std::nullopt;
+    HttpRequest request;
+    const std::size_t first = bytes.find("\r\n");
+    const std::string line = bytes.substr(0, first);
+    request.method = line.substr(0, line.find(' '));
+    request.target = line.substr(line.find(' ') + 1, line.rfind(' ') - line.find(' ') - 1);
+    for (std::size_t at = first + 2; at < end + 2;) {
+        const std::size_t next = bytes.find("\r\n", at);
+        const std::string field = bytes.substr(at, next - at);
+        const std::size_t colon = field.find(':');
+        const std::size_t value = std::min(field.find_first_not_of(' ', colon + 1), field.size());
+        request.headers.emplace_back(field.substr(0, colon), field.substr(value));
+        at = next + 2;
+    }
+    const std::string length = request.values("content-length");
+    const std::size_t size = length.empty() ? 0 : std::stoul(length);
+    if (bytes.size() < end + 4 + size) return std::nullopt;
+    request.body = bytes.substr(end + 4, size);
+    bytes.erase(0, end + 4 + size);
+    return request;
+}
+
+}  // namespace
+
+std::string HttpRequest::values(std::string_view name) const
+{
+    std::string joined;
+    for (const auto& [known, value] : headers) {
+        if (lowered(known) == lowered(name)) joined += (joined.empty() ? "" : "|") + value;
+    }
+    return joined;
+}
+
+bool HttpConnection::answer(int status, std::string_view body, const std::string& headerLines)
+{
+    const bool hasBody = status != 204 && status != 304;
+    const std::string length = hasBody ? "Content-Length: " + std::to_string(body.size()) + "\r\n" : "";
+    return send("HTTP/1.1 " + std::to_string(status) + " Text\r\n" + headerLines + length + "\r\n" +
+                std::string(hasBody ? body : ""));
+}
+
+class HttpServer::Socket final : public HttpConnection {
+public:
+    explicit Socket(Platform::FileDescriptor descriptor) : descriptor_(std::move(descriptor)) {}
+
+    bool startTls(const TlsIdentity& identity)
+    {
+        tls_.reset(SSL_new(identity.context()));
+        SSL_set_fd(tls_.get(), descriptor_.get());
+        return SSL_accept(tls_.get()) == 1;
+    }
+
+    bool send(std::string_view bytes) override
+    {
+        while (!bytes.empty()) {
+            const auto sent = tls_ ? SSL_write(tls_.get(), bytes.data(), static_cast<int>(bytes.size()))
+                                   : ::send(descriptor_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+            if (sent <= 0) return false;
+            bytes.remove_prefix(static_cast<std::size_t>(sent));
+        }
+        return true;
+    }
+
+    bool receive(std::string& bytes)
+    {
+        char chunk[16384];
+        const auto count =
+            tls_ ? SSL_read(tls_.get(), chunk, sizeof chunk) : ::recv(descriptor_.get(), chunk, sizeof chunk, 0);
+        if (count > 0) bytes.append(chunk, static_cast<std::size_t>(count));
+        return count > 0;
+    }
+
+    void awaitEnd() override
+    {
+        std::string ignored;
+        while (receive(ignored)) ignored.clear();
+    }
+
+    void shutDown() const { ::shutdown(descriptor_.get(), SHUT_RDWR); }
+
+private:
+    struct TlsDeleter {
+        void operator()(SSL* tls) const { SSL_free(tls); }
+    };
+    Platform::FileDescriptor descriptor_;
+    std::unique_ptr<SSL, TlsDeleter> tls_;
+};
+
+HttpServer::HttpServer(Handler handler, const TlsIdentity* identity)
+    : handler_(std::move(handler)), identity_(identity), listener_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+{
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    auto* generic = reinterpret_cast<sockaddr*>(&address);
+    const bool isListening = ::bind(listener_.get(), generic, length) == 0 && ::listen(listener_.get(), 1024) == 0 &&
+                             ::getsockname(listener_.get(), generic, &length) == 0;
+    if (!isListening) throw std::runtime_error("no server on 127.0.0.1");
+    port_ = ntohs(address.sin_port);
+    acceptor_ = std::thread([this] { accept(); });
+}
+
+HttpServer::~HttpServer()
+{
+    isStopping_ = true;
+    ::shutdown(listener_.get(), SHUT_RDWR);
+    acceptor_.join();
+    for (const auto& socket : sockets_) socket->shutDown();
+    for (auto& thread : threads_) thread.join();
+}
+
+std::string HttpServer::url(std::string_view path) const
+{
+    return (identity_ != nullptr ? "https://127.0.0.1:" : "http://127.0.0.1:") + std::to_string(port_) +
+           std::string(path);
+}
+
+void HttpServer::accept()
+{
+    while (!isStopping_) {
+        Platform::FileDescriptor descriptor(::accept4(listener_.get(), nullptr, nullptr, SOCK_CLOEXEC));
+        if (!descriptor) continue;
+        const int yes = 1;
+        ::setsockopt(descriptor.get(), IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
+        ++accepted_;
+        auto& socket = *sockets_.emplace_back(std::make_unique<Socket>(std::move(descriptor)));
+        threads_.emplace_back([this, &socket] {
+            serve(socket);
+            socket.shutDown();
+        });
+    }
+}
+
+void HttpServer::serve(Socket& socket) const
+{
+    if (identity_ != nullptr && !socket.startTls(*identity_)) return;
+    std::string bytes;
+    for (;;) {
+        auto request = takeRequest(bytes);
+        if (!request && !socket.receive(bytes)) return;
+        if (request && !handler_(*request, socket)) return;
+    }
+}
+
+}  // namespace Tests

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <list>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "platform/runtime/FileDescriptor.h"
+#include "tests/support/http/TlsIdentity.h"
+
+namespace Tests {
+
+// One request as it stood on the wire.
+struct HttpRequest {
+    std::string method;
+    std::string target;
+    std::vector<std::pair<std::string, std::string>> headers;
+    std::string body;
+
+    // The values of the name, joined by "|".
+    std::string values(std::string_view name) const;
+};
+
+// A server's end of one connection.
+class HttpConnection {
+public:
+    virtual ~HttpConnection() = default;
+    // False when the client has gone.
+    virtual bool send(std::string_view bytes) = 0;
+    // Status line, the header lines given (each with its line break), length and body.
+    bool answer(int status, std::string_view body, const std::string& headerLines = {});
+    // Blocks until the client goes or the server stops.
+    virtual void awaitEnd() = 0;
+};
+
+// An HTTP/1.1 server on 127.0.0.1 for a scope, plain or with TLS, a thread a
+// connection. The handler answers each request and returns whether the
+// connection stays. Thread: the handler runs on many.
+class HttpServer {
+public:
+    using Handler = std::function<bool(const HttpRequest&, HttpConnection&)>;
+
+    explicit HttpServer(Handler handler, const TlsIdentity* identity = nullptr);
+    ~HttpServer();
+
+    // "http://127.0.0.1:4711" and the path.
+    std::string url(std::string_view path) const;
+    int connectionCount() const { return accepted_; }
+
+private:
+    class Socket;
+    void accept();
+    void serve(Socket& socket) const;
+
+    const Handler handler_;
+    const TlsIdentity* const identity_;
+    Platform::FileDescriptor listener_;
+    int port_ = 0;
+    std::atomic<int> accepted_ = 0;
+    std::atomic<bool> isStopping_ = false;
+    std::list<std::unique_ptr<Socket>> sockets_;
+    std::vector<std::thread> threads_;
+    std::thread acceptor_;
+};
+
+}  // namespace Tests
