@@ -150,6 +150,7 @@ int main()
 {
     std::string folder = (std::filesystem::temp_directory_path() / "bench-apps-XXXXXX").string();
     if (!::mkdtemp(folder.data())) return 1;
+    ::setenv("XDG_RUNTIME_DIR", folder.c_str(), 0);  // else its lock file outlives this
     const auto children = fillTable();
     Platform::Workspace& workspace = Platform::Workspace::shared();
     const auto application =
