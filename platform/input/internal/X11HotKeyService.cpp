@@ -1,0 +1,125 @@
+#include "platform/input/internal/X11HotKeyService.h"
+
+#include "platform/input/ModifierFlags.h"
+#include "platform/runtime/Log.h"
+#include "platform/runtime/RunLoop.h"
+
+namespace Platform {
+
+std::unique_ptr<X11HotKeyService> X11HotKeyService::open()
+{
+    auto connection = XConnection::open();
+    if (!connection) return nullptr;
+    return std::unique_ptr<X11HotKeyService>(new X11HotKeyService(std::move(connection)));
+}
+
+X11HotKeyService::X11HotKeyService(std::shared_ptr<XConnection> connection)
+    : connection_(std::move(connection)), map_(XKeyMap::read(connection_->get())), grabs_(connection_)
+{
+    events_ = connection_->serve([this](const xcb_generic_event_t& event) { handle(event); }, [this] { lost(); });
+}
+
+HotKeyRegistration X11HotKeyService::registerKey(std::uint32_t keyCode, std::uint32_t modifiers, HotKeyId id)
+{
+    const KeyCombination combination{keyCode, modifiers & HotKeyMask::all};
+    if (connection_->isLost()) return {HotKeyStatuses::unsupported, std::nullopt};
+    const auto key = map_.key(combination);
+    if (!key) return {HotKeyStatuses::hotKeyInvalid, std::nullopt};
+    const bool isGranted = grabs_.add(map_.withLocks(*key));
+    connection_->deliverSoon();
+    if (connection_->isLost()) return {HotKeyStatuses::unsupported, std::nullopt};
+    if (!isGranted) return {HotKeyStatuses::hotKeyExists, std::nullopt};
+    combinations_[*key] = combination;
+    return {HotKeyStatuses::noError, table_->add(combination, id)};
+}
+
+HotKeyStatus X11HotKeyService::unregisterKey(HotKeyHandle handle)
+{
+    if (!table_->remove(handle)) return HotKeyStatuses::hotKeyInvalid;
+    dropUnused();
+    return connection_->isLost() ? HotKeyStatuses::unsupported : HotKeyStatuses::noError;
+}
+
+std::optional<HotKeyEventHandlerHandle> X11HotKeyService::installEventHandler(HotKeyEventHandler handler)
+{
+    return table_->install(std::move(handler));
+}
+
+void X11HotKeyService::handle(const xcb_generic_event_t& event)
+{
+    const int type = event.response_type & 0x7F;
+    if (type == XCB_KEY_PRESS) {
+        handlePress(reinterpret_cast<const xcb_key_press_event_t&>(event));
+    } else if (type == XCB_KEY_RELEASE) {
+        handleRelease(reinterpret_cast<const xcb_key_release_event_t&>(event));
+    } else if (connection_->isMapChange(event)) {
+        renewSoon();
+    }
+}
+
+void X11HotKeyService::handlePress(const xcb_key_press_event_t& event)
+{
+    const auto found = combinations_.find({event.detail, map_.withoutLocks(event.state)});
+    if (found == combinations_.end()) return;
+    pressed_[event.detail] = found->second.keyCode;
+    const auto table = table_;
+    table->press(KeyCombination(found->second));
+}
+
+// By key alone: modifiers may have come up first, and the map may have changed.
+void X11HotKeyService::handleRelease(const xcb_key_release_event_t& event)
+{
+    const auto found = pressed_.find(event.detail);
+    if (found == pressed_.end()) return;
+    const std::uint32_t keyCode = found->second;
+    pressed_.erase(found);
+    const auto table = table_;
+    table->release(keyCode);
+}
+
+// A new layout announces itself by many events; one turn later all have come.
+void X11HotKeyService::renewSoon()
+{
+    if (isRenewing_) return;
+    isRenewing_ = std::make_shared<bool>(true);
+    RunLoop::main().post([this, alive = std::weak_ptr(isRenewing_)] {
+        if (alive.expired()) return;
+        isRenewing_ = nullptr;
+        renew();
+    });
+}
+
+// The new grabs first, so that no press between them is lost. What another
+// program holds under the new map is tried again with the next one.
+void X11HotKeyService::renew()
+{
+    map_ = XKeyMap::read(connection_->get());
+    combinations_.clear();
+    for (const KeyCombination& combination : table_->combinations()) {
+        const auto key = map_.key(combination);
+        if (!key) continue;
+        combinations_[*key] = combination;
+        if (!grabs_.add(map_.withLocks(*key))) log("a hot key is held by another program under the new keyboard map");
+    }
+    dropUnused();
+    connection_->deliverSoon();
+}
+
+void X11HotKeyService::dropUnused()
+{
+    std::erase_if(combinations_, [this](const auto& entry) { return !table_->holds(entry.second); });
+    std::set<XKey> used;
+    for (const auto& [key, combination] : combinations_) {
+        for (const XKey& grabbed : map_.withLocks(key)) used.insert(grabbed);
+    }
+    grabs_.keepOnly(used);
+}
+
+void X11HotKeyService::lost()
+{
+    log("the X server is gone, hot keys are off");
+    pressed_.clear();
+    table_->forgetPresses();
+}
+
+}  // namespace Platform

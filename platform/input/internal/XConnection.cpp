@@ -1,0 +1,104 @@
+#include "platform/input/internal/XConnection.h"
+
+#include <sys/epoll.h>
+
+#include "platform/input/internal/Xkb.h"
+#include "platform/runtime/RunLoop.h"
+
+namespace Platform {
+
+namespace {
+
+bool useKeyboardExtension(xcb_connection_t* connection)
+{
+    const auto cookie = xcb_xkb_use_extension(connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION);
+    const XcbReply<xcb_xkb_use_extension_reply_t> reply(xcb_xkb_use_extension_reply(connection, cookie, nullptr));
+    return reply && reply->supported;
+}
+
+void selectMapChanges(xcb_connection_t* connection)
+{
+    constexpr std::uint16_t events = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
+    constexpr std::uint16_t allParts = 0xFF;
+    xcb_xkb_select_events(connection, XCB_XKB_ID_USE_CORE_KBD, events, 0, events, allParts, allParts, nullptr);
+}
+
+// A held key repeats its press without releases in between.
+void askForPlainRepeats(xcb_connection_t* connection)
+{
+    constexpr std::uint32_t flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
+    const auto cookie = xcb_xkb_per_client_flags(connection, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
+    xcb_discard_reply(connection, cookie.sequence);
+}
+
+xcb_window_t rootOf(xcb_connection_t* connection, int screen)
+{
+    xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    while (screen-- > 0 && screens.rem > 1) xcb_screen_next(&screens);
+    return screens.data->root;
+}
+
+}  // namespace
+
+std::shared_ptr<XConnection> XConnection::open()
+{
+    int screen = 0;
+    const std::shared_ptr<XConnection> connection(new XConnection(xcb_connect(nullptr, &screen)));
+    return connection->setUp(screen) ? connection : nullptr;
+}
+
+bool XConnection::setUp(int screen)
+{
+    if (isLost()) return false;
+    const auto* extension = xcb_get_extension_data(get(), &xcb_xkb_id);
+    if (!extension || !extension->present || !useKeyboardExtension(get())) return false;
+    keyboardEvent_ = extension->first_event;
+    root_ = rootOf(get(), screen);
+    selectMapChanges(get());
+    askForPlainRepeats(get());
+    xcb_flush(get());
+    return true;
+}
+
+bool XConnection::isMapChange(const xcb_generic_event_t& event) const
+{
+    const int type = event.response_type & 0x7F;
+    if (type == XCB_MAPPING_NOTIFY) return true;
+    return type == keyboardEvent_ && (event.pad0 == XCB_XKB_NEW_KEYBOARD_NOTIFY || event.pad0 == XCB_XKB_MAP_NOTIFY);
+}
+
+Subscription XConnection::serve(EventHandler onEvent, std::function<void()> onLost)
+{
+    onEvent_ = std::move(onEvent);
+    onLost_ = std::move(onLost);
+    watch_ = RunLoop::main().watch(xcb_get_file_descriptor(get()), EPOLLIN, [this](std::uint32_t) { process(); });
+    return Subscription([this, self = weak_from_this()] {
+        if (self.expired()) return;
+        watch_.cancel();
+        onEvent_ = nullptr;
+        onLost_ = nullptr;
+    });
+}
+
+void XConnection::deliverSoon()
+{
+    RunLoop::main().post([weak = weak_from_this()] {
+        if (const auto self = weak.lock()) self->process();
+    });
+}
+
+void XConnection::process()
+{
+    const auto self = shared_from_this();  // a handler may end it
+    while (onEvent_) {
+        const auto event = takeEvent();
+        if (!event) break;
+        const EventHandler handler = onEvent_;
+        handler(*event);
+    }
+    if (!isLost()) return;
+    watch_.cancel();
+    if (const auto lost = std::exchange(onLost_, nullptr)) lost();
+}
+
+}  // namespace Platform

@@ -1,0 +1,48 @@
+#include "platform/input/internal/XKeyGrabs.h"
+
+namespace Platform {
+
+bool XKeyGrabs::add(const std::vector<XKey>& keys)
+{
+    std::vector<std::pair<XKey, xcb_void_cookie_t>> asked;
+    for (const XKey& key : keys) {
+        if (held_.contains(key)) continue;
+        asked.emplace_back(key, xcb_grab_key_checked(connection_->get(), false, connection_->root(), key.modifiers,
+                                                     key.code, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+    }
+    std::vector<XKey> granted;
+    for (const auto& [key, cookie] : asked) {
+        const XcbReply<xcb_generic_error_t> refusal(xcb_request_check(connection_->get(), cookie));
+        if (!refusal) granted.push_back(key);
+    }
+    const bool isComplete = granted.size() == asked.size() && !connection_->isLost();
+    for (const XKey& key : granted) {
+        if (isComplete) {
+            held_.insert(key);
+        } else {
+            release(key);
+        }
+    }
+    xcb_flush(connection_->get());
+    return isComplete;
+}
+
+void XKeyGrabs::keepOnly(const std::set<XKey>& keys)
+{
+    for (auto key = held_.begin(); key != held_.end();) {
+        if (keys.contains(*key)) {
+            ++key;
+        } else {
+            release(*key);
+            key = held_.erase(key);
+        }
+    }
+    xcb_flush(connection_->get());
+}
+
+void XKeyGrabs::release(const XKey& key)
+{
+    xcb_ungrab_key(connection_->get(), key.code, connection_->root(), key.modifiers);
+}
+
+}  // namespace Platform

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tests/support/ChildProcess.h"
+
+namespace Tests {
+
+// Runs a program that speaks to the display of DISPLAY and waits for its end; its exit code.
+inline int runOnDisplay(const std::vector<std::string>& command)
+{
+    return ChildProcess(command).wait(std::chrono::seconds(20)).value_or(-1);
+}
+
+// Keys by symbol ("Super_L") or by the display's number ("38").
+inline int pressKeys(const std::vector<std::string>& keys)
+{
+    std::vector<std::string> command{"xdotool"};
+    for (const auto& key : keys) command.insert(command.end(), {"keydown", key});
+    return runOnDisplay(command);
+}
+inline int releaseKeys(const std::vector<std::string>& keys)
+{
+    std::vector<std::string> command{"xdotool"};
+    for (const auto& key : keys) command.insert(command.end(), {"keyup", key});
+    return runOnDisplay(command);
+}
+
+}  // namespace Tests
