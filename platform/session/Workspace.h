@@ -44,6 +44,11 @@ public:
     // Hands the location to the desktop's preferred program for it; succeeds
     // once that hand-over has started.
     virtual Result<void> openURL(const Url& url) = 0;
+
+    // Shows the entry, selected, in a file browser; without one that can select,
+    // opens the root (its folder). Succeeds once the request has left; what the
+    // browser refuses is logged. Thread: main.
+    virtual Result<void> selectFile(const std::string& path, const std::string& root) = 0;
 };
 
 }  // namespace Platform

@@ -85,6 +85,14 @@ public:
         return {};
     }
 
+    // The entry and the folder that it is to be shown in.
+    Platform::Result<void> selectFile(const std::string& path, const std::string& root) override
+    {
+        selectedFiles_.emplace_back(path, root);
+        return {};
+    }
+    const std::vector<std::pair<std::string, std::string>>& selectedFiles() const { return selectedFiles_; }
+
 private:
     std::map<std::string, std::optional<std::string>> installed_;
     std::vector<Platform::RunningApplication> running_;
@@ -92,6 +100,7 @@ private:
     std::vector<Platform::RunningApplication> askedToQuit_;
     std::vector<Platform::Url> openRequests_;
     std::vector<Platform::Url> openedURLs_;
+    std::vector<std::pair<std::string, std::string>> selectedFiles_;
     int processes_ = 100;
 };
 

@@ -12,6 +12,7 @@
 #include "platform/runtime/Environment.h"
 #include "platform/runtime/Log.h"
 #include "platform/session/internal/DetachedProgram.h"
+#include "platform/session/internal/FileBrowser.h"
 #include "platform/session/internal/OpenLock.h"
 
 namespace Platform {
@@ -159,6 +160,19 @@ Result<void> LinuxWorkspace::openURL(const Url& url)
     if (!opener) return Error{"find", "xdg-open", 0, "no such program in PATH"};
     const auto process = startDetached({*opener, {url.absoluteString()}});
     return process ? Result<void>() : Result<void>(process.error());
+}
+
+Result<void> LinuxWorkspace::selectFile(const std::string& path, const std::string& root)
+{
+    const auto openRoot = [this, root]() -> Result<void> {
+        if (root.empty()) return Error{"reveal", root, 0, "it lies in no folder"};
+        return openURL(Url::fromPath(root, true));
+    };
+    const auto openRootInstead = [openRoot](const Error& refusal) {
+        log("File browser: " + refusal.message());
+        if (const auto opened = openRoot(); !opened) log("File browser: " + opened.error().message());
+    };
+    return showInFileBrowser(Url::fromPath(path), openRootInstead) ? Result<void>() : openRoot();
 }
 
 }  // namespace Platform

@@ -21,6 +21,7 @@ public:
     bool terminate(const RunningApplication& application) override;
     Result<RunningApplication> openApplication(const Url& application, const OpenConfiguration& configuration) override;
     Result<void> openURL(const Url& url) override;
+    Result<void> selectFile(const std::string& path, const std::string& root) override;
 
 private:
     // A process that was seen to be an application's.

@@ -1,0 +1,201 @@
+#include <filesystem>
+#include <functional>
+#include <thread>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "Lorrel/files/FileMonitor.h"
+#include "platform/files/FileSystemEvents.h"
+#include "platform/runtime/FileDescriptor.h"
+#include "platform/runtime/RunLoop.h"
+#include "tests/fakes/Replaced.h"
+#include "tests/support/Eventually.h"
+#include "tests/support/TemporaryDirectory.h"
+
+namespace Lorrel {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+struct Receiver final : FileMonitorDelegate {
+    void didAppend(const std::string& text) override
+    {
+        texts.push_back(text);
+        if (then) then();
+    }
+    Texts texts;
+    std::function<void()> then;
+};
+
+class FileMonitorTest : public testing::Test {
+protected:
+    void follow()
+    {
+        monitor = FileMonitor::create(Platform::Url::fromPath(path));
+        monitor->setDelegate(receiver);
+    }
+    void append(std::string_view text) const
+    {
+        const Platform::FileDescriptor file(::open(path.c_str(), O_WRONLY | O_APPEND));
+        ASSERT_EQ(::write(file.get(), text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    }
+    Texts delivered()
+    {
+        Platform::RunLoop::main().drain();
+        return std::exchange(receiver->texts, {});
+    }
+
+    Tests::TemporaryDirectory folder;
+    Platform::Shared<Platform::FileSystemEvents>::Override fresh;
+    std::string path = folder.write("log", "there before\n");
+    std::shared_ptr<Receiver> receiver = std::make_shared<Receiver>();
+    std::shared_ptr<FileMonitor> monitor;
+};
+
+TEST_F(FileMonitorTest, DeliversWhatIsAppendedAfterItsCreation)
+{
+    follow();
+    EXPECT_EQ(delivered(), Texts{});
+    append("one\n");
+    EXPECT_EQ(delivered(), Texts{"one\n"});
+    append("two\n");
+    append("three\n");
+    EXPECT_EQ(delivered(), Texts{"two\nthree\n"}) << "two appends in one delivery";
+    monitor->setDelegate({});
+    append("unheard");
+    Platform::RunLoop::main().drain();
+    monitor->setDelegate(receiver);
+    append("heard");
+    EXPECT_EQ(delivered(), Texts{"heard"});
+}
+
+TEST_F(FileMonitorTest, EventsWithoutGrowthAndBrokenTextDeliverNothing)
+{
+    follow();
+    const auto size = std::filesystem::file_size(path);
+    const std::pair<const char*, std::function<void()>> rows[] = {
+        {"overwritten in place",
+         [&] {
+             const Platform::FileDescriptor file(::open(path.c_str(), O_WRONLY));
+             EXPECT_EQ(::write(file.get(), "T", 1), 1);
+         }},
+        {"permissions", [&] { ::chmod(path.c_str(), 0600); }},
+        {"first half of a character", [&] { append("\xc3"); }},
+        {"its second half", [&] { append("\xa4"); }},
+        {"truncated", [&] { std::filesystem::resize_file(path, 3); }},
+        {"grown to where it was", [&] { append(std::string(size - 1, 'x')); }},
+    };
+    for (const auto& [what, change] : rows) {
+        change();
+        EXPECT_EQ(delivered(), Texts{}) << what;
+    }
+    append("beyond");
+    EXPECT_EQ(delivered(), Texts{"beyond"}) << "only what lies past the place reached before";
+}
+
+TEST_F(FileMonitorTest, StaysWithTheFileItOpened)
+{
+    follow();
+    const Platform::FileDescriptor writer(::open(path.c_str(), O_WRONLY | O_APPEND));
+    std::filesystem::rename(path, folder / "log.1");
+    folder.write("log", "a new file of the old name, longer than the old one");
+    EXPECT_EQ(delivered(), Texts{});
+    ASSERT_EQ(::write(writer.get(), "renamed", 7), 7);
+    EXPECT_EQ(delivered(), Texts{"renamed"});
+    std::filesystem::remove(folder / "log.1");
+    ASSERT_EQ(::write(writer.get(), "deleted", 7), 7);
+    EXPECT_EQ(delivered(), Texts{"deleted"});
+}
+
+TEST_F(FileMonitorTest, BurstArrivesWholeAndOnce)
+{
+    follow();
+    constexpr int lines = 5000;
+    std::string expected;
+    for (int i = 0; i < lines; ++i) expected += std::to_string(i) + "\n";
+    std::thread writer([this] {
+        const Platform::FileDescriptor file(::open(path.c_str(), O_WRONLY | O_APPEND));
+        for (int i = 0; i < lines; ++i) {
+            const std::string line = std::to_string(i) + "\n";
+            ASSERT_EQ(::write(file.get(), line.data(), line.size()), static_cast<ssize_t>(line.size()));
+        }
+    });
+    std::string received;
+    receiver->then = [&] {
+        for (const auto& text : std::exchange(receiver->texts, {})) received += text;
+    };
+    EXPECT_TRUE(Tests::eventually([&] { return received.size() >= expected.size(); }));
+    writer.join();
+    Platform::RunLoop::main().drain();
+    EXPECT_EQ(received, expected);
+}
+
+TEST_F(FileMonitorTest, OverflowOfTheEventQueueIsCaughtUpBySize)
+{
+    follow();
+    const Platform::FileDescriptor file(::open(path.c_str(), O_WRONLY | O_APPEND));
+    for (int i = 0; i < 20'000; ++i) {
+        ASSERT_EQ(::write(file.get(), "x", 1), 1);
+        ::fchmod(file.get(), 0600 + i % 2);
+    }
+    std::string received;
+    for (const auto& text : delivered()) received += text;
+    EXPECT_EQ(received, std::string(20'000, 'x'));
+}
+
+TEST_F(FileMonitorTest, EndsInsideItsOwnDelivery)
+{
+    follow();
+    receiver->then = [this] { monitor.reset(); };
+    append("last");
+    EXPECT_EQ(delivered(), Texts{"last"});
+    append("unheard");
+    EXPECT_EQ(delivered(), Texts{});
+}
+
+TEST_F(FileMonitorTest, HoldsItsDelegateWeaklyAndNoDescriptorAfterItsEnd)
+{
+    const auto openDescriptors = [] {
+        const std::filesystem::directory_iterator all("/proc/self/fd");
+        return std::distance(begin(all), end(all));
+    };
+    follow();  // the events' own descriptor
+    const auto before = openDescriptors();
+    const std::weak_ptr<Receiver> gone = receiver;
+    receiver.reset();
+    EXPECT_TRUE(gone.expired());
+    for (int i = 0; i < 10; ++i) FileMonitor::create(Platform::Url::fromPath(path));
+    EXPECT_EQ(openDescriptors(), before);
+    append("to nobody");
+    Platform::RunLoop::main().drain();
+}
+
+struct FullQuota final : Platform::FileSystemEvents {
+    Platform::Result<Platform::Subscription> watch(int, Handler) override
+    {
+        return Platform::Error::fromErrno("inotify_add_watch", "x", ENOSPC);
+    }
+};
+
+TEST_F(FileMonitorTest, WhatCannotBeOpenedOrWatchedIsAnErrorWithItsReason)
+{
+    const auto codeOf = [](const std::string& file) {
+        try {
+            FileMonitor::create(Platform::Url::fromPath(file));
+        } catch (const FileMonitorError& failure) {
+            EXPECT_EQ(failure.what(), failure.error().message());
+            return failure.error().code;
+        }
+        return 0;
+    };
+    EXPECT_EQ(codeOf(folder / "missing"), ENOENT);
+    EXPECT_EQ(codeOf(folder.path()), EISDIR);
+    const Tests::Replaced<Platform::FileSystemEvents, FullQuota> quota;
+    EXPECT_EQ(codeOf(path), ENOSPC);
+}
+
+}  // namespace
+}  // namespace Lorrel
