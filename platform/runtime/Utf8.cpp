@@ -1,5 +1,8 @@
 #include "platform/runtime/Utf8.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace Platform {
 
 namespace {
@@ -35,6 +38,19 @@ bool fits(const Form& form, std::string_view text)
     return true;
 }
 
+// How many bytes at the start are ASCII, in steps of eight.
+std::size_t asciiBlocks(std::string_view text)
+{
+    const char* at = text.data();
+    const char* const end = at + text.size() / sizeof(std::uint64_t) * sizeof(std::uint64_t);
+    std::uint64_t block = 0;
+    for (; at != end; at += sizeof block) {
+        std::memcpy(&block, at, sizeof block);
+        if (block & 0x8080808080808080) break;
+    }
+    return static_cast<std::size_t>(at - text.data());
+}
+
 }  // namespace
 
 std::size_t utf8ScalarLength(std::string_view text)
@@ -50,12 +66,13 @@ std::size_t utf8ScalarLength(std::string_view text)
 
 bool isUtf8(std::string_view text)
 {
-    while (!text.empty()) {
+    for (;;) {
+        text.remove_prefix(asciiBlocks(text));
+        if (text.empty()) return true;
         const std::size_t length = utf8ScalarLength(text);
         if (length == 0) return false;
         text.remove_prefix(length);
     }
-    return true;
 }
 
 std::string repairedUtf8(std::string_view text)

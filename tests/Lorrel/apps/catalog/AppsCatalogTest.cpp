@@ -1,0 +1,169 @@
+#include <algorithm>
+#include <ctime>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "Lorrel/apps/App.h"
+#include "Lorrel/apps/Apps.h"
+#include "Lorrel/files/FileIconManager.h"
+#include "platform/bundle/PropertyList.h"
+#include "tests/fakes/FakeEnvironment.h"
+#include "tests/fakes/FakeFileManager.h"
+#include "tests/fakes/FakeIconService.h"
+#include "tests/support/TemporaryDirectory.h"
+
+namespace Lorrel {
+namespace {
+
+using Names = std::vector<std::string>;
+using Platform::PropertyList;
+using Platform::Url;
+
+class AppsCatalogTest : public testing::Test {
+protected:
+    Url bundle(const std::string& path, const PropertyList::Dictionary& information) const
+    {
+        root.write(path + "/Contents/Info.plist", *PropertyList(information).xml());
+        return Url::fromPath(root / path);
+    }
+    Url bundle(const std::string& path, const std::string& identifier) const
+    {
+        return bundle(path, PropertyList::Dictionary{{"CFBundleIdentifier", identifier}});
+    }
+    static Names identifiers(const std::vector<std::shared_ptr<App>>& apps)
+    {
+        Names found;
+        for (const auto& app : apps) found.push_back(app->identifier());
+        std::ranges::sort(found);
+        return found;
+    }
+
+    Tests::TemporaryDirectory root;
+    Tests::ReplacedSystemRoots roots{root.path()};
+    Tests::ReplacedIconService icons;
+    Platform::Shared<FileIconManager>::Override freshIcons;
+};
+
+TEST_F(AppsCatalogTest, RecordHoldsWhatTheBundleSays)
+{
+    const double before = static_cast<double>(std::time(nullptr));
+    const Url url = bundle("Applications/Foo.appstore.app", {{"CFBundleIdentifier", "org.example.foo"},
+                                                             {"CFBundleShortVersionString", "1.2"},
+                                                             {"NSHumanReadableCopyright", "(c) Ada"}});
+    const auto app = Apps::app(url, false, true);
+    ASSERT_NE(app, nullptr);
+    EXPECT_EQ(app->name(), "Foostore");
+    EXPECT_EQ(app->identifier(), "org.example.foo");
+    EXPECT_EQ(app->version(), "1.2");
+    EXPECT_EQ(app->copyright(), "(c) Ada");
+    EXPECT_EQ(app->binaryFile(), url);
+    EXPECT_EQ(app->baseUrl()->path(), root / "Applications/Foostore.app");
+    EXPECT_EQ(icons->nameOf(app->icon()), "file " + (root / "Applications/Foostore.app"));
+    ASSERT_TRUE(app->installed().has_value());
+    EXPECT_NEAR(app->installed()->timeIntervalSince1970(), before, 10);
+    EXPECT_FALSE(app->lastOpened() || app->container() || app->preferences() || app->savedState() || app->selected());
+    EXPECT_TRUE(app->children().empty() && app->caches().empty());
+    EXPECT_EQ(Apps::bundleIdentifier(url), "org.example.foo");
+}
+
+TEST_F(AppsCatalogTest, OnlyBundlesWithAnIdentifierHaveRecords)
+{
+    const Url broken = bundle("Broken.app", "x");
+    root.write("Broken.app/Contents/Info.plist", "<plist>");
+    const Url array = bundle("Array.app", "x");
+    root.write("Array.app/Contents/Info.plist", *PropertyList(PropertyList::Array{"CFBundleIdentifier"}).xml());
+    const struct {
+        Url url;
+        bool excludeApple;
+        bool hasRecord;
+    } rows[] = {
+        {bundle("A.app", PropertyList::Dictionary{}), false, false},
+        {bundle("B.app", {{"CFBundleIdentifier", 7}}), false, false},
+        {broken, false, false},
+        {array, false, false},
+        {Url::fromPath(root / "missing.app"), false, false},
+        {bundle("C.app", {{"CFBundleIdentifier", "c"}, {"CFBundleShortVersionString", 7}}), false, true},
+        {bundle("D.app", "com.apple.Safari"), true, false},
+        {bundle("D2.app", "com.apple.Safari"), false, true},
+        {bundle("E.app", "com.applesoft.x"), true, true},
+        {bundle("F.app", "com.apple"), true, true},
+    };
+    for (const auto& row : rows) {
+        const auto app = Apps::app(row.url, true, row.excludeApple);
+        EXPECT_EQ(app != nullptr, row.hasRecord) << row.url.path();
+        EXPECT_FALSE(app && (app->version() || app->copyright())) << row.url.path();
+    }
+}
+
+TEST_F(AppsCatalogTest, InstalledAppsAreFoundInSubfoldersWithTheirChildren)
+{
+    bundle("Applications/A.app", "org.a");
+    bundle("Applications/A.app/Contents/Library/LoginItems/Helper.app", "org.a.helper");
+    bundle("Applications/A.app/Contents/Library/LoginItems/Helper.app/Contents/Inner.app", "org.a.helper.inner");
+    bundle("Applications/A.app/Contents/PlugIns/P.appex", "com.apple.p");
+    bundle("Applications/A.app/Contents/XPCServices/S.xpc", "org.a.s");
+    bundle("Applications/A.app/Contents/.hidden/H.app", "org.a.hidden");
+    bundle("Applications/A.app/Contents/Other.bundle", "org.a.other");
+    bundle("Applications/Utilities/Deep/B.app", "org.b");
+    bundle("Applications/Utilities/C.app", "com.apple.c");
+    bundle("Applications/.D.app", "org.d");
+    root.makeFolder("Applications/Empty.app");
+    const auto apps = Apps::installedApps(true);
+    EXPECT_EQ(identifiers(apps), (Names{"org.a", "org.b"}));
+    const auto& a = *std::ranges::find(apps, "org.a", &App::identifier);
+    EXPECT_EQ(identifiers(a->children()), (Names{"org.a.helper", "org.a.s"}));
+    for (const auto& child : a->children()) EXPECT_TRUE(child->children().empty());
+    EXPECT_EQ(identifiers(Apps::installedApps(false)), (Names{"com.apple.c", "org.a", "org.b"}));
+    EXPECT_TRUE(Apps::children(Url::fromPath(root / "missing"), false).empty());
+}
+
+TEST_F(AppsCatalogTest, WalkEndsWhereAKindCannotBeRead)
+{
+    bundle("Applications/A.app", "org.a");
+    Tests::ReplacedFileManager files;
+    files->hideKind(root / "Applications/A.app", EIO);
+    testing::internal::CaptureStdout();
+    EXPECT_TRUE(Apps::installedApps(false).empty());
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "stat " + (root / "Applications/A.app") + ": Input/output error\n");
+}
+
+TEST_F(AppsCatalogTest, ProductIsTheFirstApplicationBelowProducts)
+{
+    EXPECT_FALSE(Apps::productApp(root.url()).has_value());
+    root.makeFolder("Products/Debug/.hidden.app");
+    EXPECT_FALSE(Apps::productApp(root.url()).has_value());
+    root.makeFolder("Products/Debug/My.apple.app/Contents/Nested.app");
+    const auto product = Apps::productApp(root.url());
+    ASSERT_TRUE(product.has_value());
+    EXPECT_EQ(product->name, "Myle");
+    EXPECT_EQ(icons->nameOf(product->icon), "file " + (root / "Products/Debug/My.apple.app"));
+}
+
+TEST_F(AppsCatalogTest, SizesAreSumsOfFilesAndFolders)
+{
+    App app("Sized", "org.sized");
+    const auto file = [&](const char* name, int size) {
+        return Url::fromPath(root.write(name, std::string(size, 'x')));
+    };
+    const auto folderWith = [&](const char* name, int size) {
+        root.write(std::string(name) + "/deep/.hidden", std::string(size, 'x'));
+        return Url::fromPath(root / name);
+    };
+    EXPECT_EQ(app.totalSize(), 0u);
+    app.setBinaryFile(folderWith("Sized.app", 1));
+    app.setContainer(folderWith("container", 20));
+    app.setPreferences(file("preferences.plist", 300));
+    app.setSavedState(Url::fromPath(root / "missing"));
+    app.setCaches({file("cache", 4000), folderWith("caches", 50'000), Url::fromPath(root / "none")});
+    EXPECT_EQ(App::size(app.binaryFile()), 1u);
+    EXPECT_EQ(App::size(app.preferences()), 300u);
+    EXPECT_EQ(App::size(app.savedState()), 0u);
+    EXPECT_EQ(App::size(std::nullopt), 0u);
+    EXPECT_EQ(app.cachesSize(), 54'000u);
+    EXPECT_EQ(app.totalSize(), 54'321u);
+}
+
+}  // namespace
+}  // namespace Lorrel

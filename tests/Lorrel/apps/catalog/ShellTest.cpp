@@ -1,0 +1,132 @@
+#include <csignal>
+#include <filesystem>
+#include <thread>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include "Lorrel/apps/Shell.h"
+#include "tests/support/EnvironmentVariable.h"
+#include "tests/support/TemporaryDirectory.h"
+
+namespace Lorrel {
+namespace {
+
+TEST(Shell, AnswersOutputCodeAndManner)
+{
+    const Tests::EnvironmentVariable otherLocale("LC_ALL", "C");
+    const Tests::EnvironmentVariable inherited("PELLORA_TEST", "from outside");
+    const struct {
+        std::vector<std::string> arguments;
+        std::optional<std::string> output;
+        int code;
+        bool didExit;
+    } rows[] = {
+        {{"echo hello"}, "hello\n", 0, true},
+        {{"exit 3"}, "", 3, true},
+        {{"echo gone >&2; exit 1"}, "", 1, true},
+        {{"kill -9 $$"}, "", SIGKILL, false},
+        {{"printf partial; kill -TERM $$"}, "partial", SIGTERM, false},
+        {{"echo $0-$1-$2-$#", "zero", "a b", "$x"}, "zero-a b-$x-2\n", 0, true},
+        {{"printf 'ä\\0b'"}, std::string("ä\0b", 4), 0, true},
+        {{"printf '\\xc3'; exit 4"}, std::nullopt, 4, true},
+        {{"echo $LC_ALL; env | grep -c ^LC_ALL="}, "en_US.UTF-8\n1\n", 0, true},
+        {{"echo $PELLORA_TEST"}, "from outside\n", 0, true},
+        {{"no-such-command"}, "", 127, true},
+        {{"trap"}, "", 0, true},
+        {{}, "", 2, true},
+    };
+    for (const auto& row : rows) {
+        const ShellOutput result = Shell::run(row.arguments);
+        const std::string what = row.arguments.empty() ? "no arguments" : row.arguments.front();
+        EXPECT_EQ(result.output(), row.output) << what;
+        EXPECT_EQ(result.exitCode(), row.code) << what;
+        EXPECT_EQ(result.didExit(), row.didExit) << what;
+    }
+}
+
+TEST(Shell, WhatCannotBeStartedLeavesTheAnswerUntouched)
+{
+    // More than the kernel takes as one argument.
+    const ShellOutput result = Shell::run({std::string(1 << 20, ' ')});
+    EXPECT_EQ(result.output(), std::nullopt);
+    EXPECT_EQ(result.exitCode(), 0);
+    EXPECT_FALSE(result.didExit());
+}
+
+TEST(Shell, WaitsForBackgroundJobsThatHoldItsOutput)
+{
+    const Tests::TemporaryDirectory folder;
+    const std::string fifo = folder / "fifo";
+    const ShellOutput result =
+        Shell::run({"mkfifo \"$0\"; (read line < \"$0\"; echo late) & echo now; (echo go > \"$0\") & exit 5", fifo});
+    EXPECT_EQ(result.output(), "now\nlate\n");
+    EXPECT_EQ(result.exitCode(), 5);
+}
+
+TEST(Shell, MuchOutputTakesLittleMoreMemoryThanItself)
+{
+    constexpr std::size_t size = 256 << 20;
+    const auto largestResident = [] {
+        rusage usage{};
+        ::getrusage(RUSAGE_SELF, &usage);
+        return static_cast<std::size_t>(usage.ru_maxrss) << 10;
+    };
+    const std::size_t before = largestResident();
+    const ShellOutput result = Shell::run({"head -c " + std::to_string(size) + " /dev/zero | tr '\\0' x"});
+    ASSERT_TRUE(result.output().has_value());
+    EXPECT_EQ(result.output()->size(), size);
+    EXPECT_EQ(result.output()->substr(size - 3), "xxx");
+    EXPECT_LT(largestResident() - before, size + size / 2);
+}
+
+TEST(Shell, FloodOnStandardErrorHindersNothing)
+{
+    const ShellOutput result = Shell::run({"head -c 100000000 /dev/zero >&2; echo done"});
+    EXPECT_EQ(result.output(), "done\n");
+}
+
+TEST(Shell, CommandHasPlainSignalsAndNoForeignDescriptors)
+{
+    sigset_t blocked;
+    sigset_t previous;
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGTERM);
+    ::pthread_sigmask(SIG_BLOCK, &blocked, &previous);
+    const auto formerPipe = std::signal(SIGPIPE, SIG_IGN);
+    const int leaky = ::open("/dev/null", O_RDONLY);  // without close-on-exec
+    EXPECT_EQ(Shell::run({"ls /proc/self/fd | wc -l"}).output(), "4\n") << "three, and that of ls itself";
+    for (const int number : {SIGTERM, SIGPIPE}) {
+        const ShellOutput result = Shell::run({"kill -$0 $$; echo alive", std::to_string(number)});
+        EXPECT_EQ(result.exitCode(), number);
+        EXPECT_FALSE(result.didExit());
+    }
+    ::close(leaky);
+    std::signal(SIGPIPE, formerPipe);
+    ::pthread_sigmask(SIG_SETMASK, &previous, nullptr);
+}
+
+TEST(Shell, ParallelRunsShareNothing)
+{
+    const auto openDescriptors = [] {
+        const std::filesystem::directory_iterator all("/proc/self/fd");
+        return std::distance(begin(all), end(all));
+    };
+    const auto before = openDescriptors();
+    std::vector<std::thread> threads;
+    std::vector<ShellOutput> results(64);
+    for (std::size_t i = 0; i < results.size(); ++i) {
+        threads.emplace_back([&results, i] { results[i] = Shell::run({"echo $0; exit $0", std::to_string(i)}); });
+    }
+    for (auto& thread : threads) thread.join();
+    for (std::size_t i = 0; i < results.size(); ++i) {
+        EXPECT_EQ(results[i].output(), std::to_string(i) + "\n");
+        EXPECT_EQ(results[i].exitCode(), static_cast<int>(i));
+    }
+    EXPECT_EQ(openDescriptors(), before);
+}
+
+}  // namespace
+}  // namespace Lorrel
