@@ -51,4 +51,9 @@ std::string FileHandle::readDataToEndOfFile()
     return data;
 }
 
+FileDescriptor openForEvents(const Url& url)
+{
+    return FileDescriptor(::open(url.path().c_str(), O_PATH | O_CLOEXEC));
+}
+
 }  // namespace Platform

@@ -34,4 +34,8 @@ private:
     std::uint64_t offset_ = 0;
 };
 
+// Opens an entry, of any kind and without the right to read it, only to be
+// watched. Not open where that fails. Thread: any.
+FileDescriptor openForEvents(const Url& url);
+
 }  // namespace Platform

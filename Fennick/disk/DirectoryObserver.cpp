@@ -1,0 +1,41 @@
+#include "Fennick/disk/DirectoryObserver.h"
+
+#include <atomic>
+#include <utility>
+
+#include "platform/files/FileHandle.h"
+#include "platform/files/FileSystemEvents.h"
+#include "platform/runtime/Log.h"
+#include "platform/runtime/Queue.h"
+
+namespace Fennick {
+
+struct DirectoryObserver::Delivery {
+    std::function<void()> handler;
+    std::atomic<bool> isCancelled = false;
+};
+
+DirectoryObserver::DirectoryObserver(const Platform::Url& url, std::function<void()> handler)
+    : fileDescriptor_(Platform::openForEvents(url)), delivery_(std::make_shared<Delivery>())
+{
+    if (!fileDescriptor_) return;
+    delivery_->handler = std::move(handler);
+    const auto deliver = [delivery = delivery_](Platform::FileEvents) {
+        Platform::Queue::global().async([delivery] {
+            if (!delivery->isCancelled) delivery->handler();
+        });
+    };
+    auto source = Platform::FileSystemEvents::background().watch(fileDescriptor_.get(), deliver);
+    if (source) {
+        source_ = std::move(source).value();
+    } else {
+        Platform::log("Directory observer: " + source.error().message());
+    }
+}
+
+DirectoryObserver::~DirectoryObserver()
+{
+    delivery_->isCancelled = true;
+}
+
+}  // namespace Fennick

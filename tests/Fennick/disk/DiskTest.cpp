@@ -1,0 +1,186 @@
+#include <condition_variable>
+#include <filesystem>
+#include <functional>
+#include <limits>
+#include <mutex>
+#include <thread>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "Fennick/disk/DirectoryObserver.h"
+#include "Fennick/disk/DiskUtilities.h"
+#include "Fennick/disk/FileType.h"
+#include "tests/support/TemporaryDirectory.h"
+
+namespace Fennick {
+namespace {
+
+using Platform::Url;
+
+TEST(DiskUtilities, RatesChangeTheirUnitsAtTheLimits)
+{
+    const struct {
+        std::uint64_t rate;
+        bool bits;
+        const char* full;
+        const char* compact;
+    } rows[] = {
+        {0, true, "0 b/s", "0 b/s"},
+        {124, true, "992 b/s", "992 b/s"},
+        {125, true, "1 Kb/s", "1 Kb/s"},
+        {124'999, true, "999 Kb/s", "999 Kb/s"},
+        {125'000, true, "1.00 Mb/s", "1 Mb/s"},
+        {124'999'999, true, "1000.00 Mb/s", "999 Mb/s"},
+        {125'000'000, true, "1.00 Gb/s", "1 Gb/s"},
+        {124'999'999'999, true, "1000.00 Gb/s", "999 Gb/s"},
+        {125'000'000'000, true, "0 b/s", "1000 Gb/s"},
+        {std::numeric_limits<std::uint64_t>::max(), true, "0 b/s", "147573952589 Gb/s"},
+        {0, false, "0 B/s", "0 B/s"},
+        {1023, false, "1023 B/s", "1023 B/s"},
+        {1024, false, "1 KB/s", "1 KB/s"},
+        {(1 << 20) - 1, false, "1023 KB/s", "1023 KB/s"},
+        {1 << 20, false, "1.00 MB/s", "1 MB/s"},
+        {2'097'152, false, "2.00 MB/s", "2 MB/s"},
+        {(1 << 30) - 1, false, "1024.00 MB/s", "1023 MB/s"},
+        {1'610'612'736, false, "1.50 GB/s", "1.50 GB/s"},
+        {std::numeric_limits<std::uint64_t>::max(), false, "17179869184.00 GB/s", "17179869184.00 GB/s"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(DiskUtilities::rateText(row.rate, row.bits), row.full) << row.rate;
+        EXPECT_EQ(DiskUtilities::compactRateText(row.rate, row.bits), row.compact) << row.rate;
+    }
+}
+
+TEST(DiskUtilities, RateOfACountNeedsAPositiveDuration)
+{
+    const double notANumber = std::numeric_limits<double>::quiet_NaN();
+    for (const double seconds : {0.0, -1.0, notANumber}) {
+        EXPECT_EQ(DiskUtilities::rateText(100, seconds, false), "-");
+        EXPECT_EQ(DiskUtilities::compactRateText(100, seconds, true), "-");
+    }
+    EXPECT_EQ(DiskUtilities::rateText(100, 3, false), "33 B/s");
+    EXPECT_EQ(DiskUtilities::compactRateText(3 << 20, 2, false), "1 MB/s");
+    EXPECT_EQ(DiskUtilities::rateText(1, 1e-300, false), "17179869184.00 GB/s");
+    EXPECT_EQ(DiskUtilities::byteCountText(0), "0 B");
+}
+
+TEST(FileType, IsTheKindThatTheNameTells)
+{
+    const Tests::TemporaryDirectory folder;
+    const std::pair<const char*, FileType> rows[] = {
+        {"a.jpg", FileType::photo},  {"a.png", FileType::photo},    {"a.heic", FileType::photo},
+        {"a.mp4", FileType::video},  {"a.mov", FileType::video},    {"a.mp3", FileType::audio},
+        {"a.m4a", FileType::audio},  {"a.zip", FileType::archive},  {"a.tar.gz", FileType::archive},
+        {"a.7z", FileType::archive}, {"a.pdf", FileType::document}, {"a.txt", FileType::other},
+        {"none", FileType::other},   {"a.docx", FileType::other},   {"A.JPEG", FileType::photo},
+    };
+    for (const auto& [name, type] : rows) EXPECT_EQ(fileType(Url::fromPath(folder.write(name, "x"))), type) << name;
+    EXPECT_EQ(fileType(Url::fromPath(folder.makeFolder("folder.jpg"))), FileType::other);
+    EXPECT_EQ(fileType(Url::fromPath(folder / "missing.jpg")), FileType::other);
+    EXPECT_EQ(static_cast<int>(FileType::document), 5);
+}
+
+TEST(FilesByDate, NewestComesFirstAndEqualDatesKeepTheirOrder)
+{
+    const Tests::TemporaryDirectory folder;
+    const auto file = [&](const char* name, long seconds) {
+        const std::string path = folder.write(name, "");
+        const timespec times[] = {{seconds, 0}, {seconds, 0}};
+        ::utimensat(AT_FDCWD, path.c_str(), times, 0);
+        return Url::fromPath(path);
+    };
+    const Url missing1 = Url::fromPath(folder / "missing1");
+    const Url missing2 = Url::fromPath(folder / "missing2");
+    const Url old = file("old", -5);
+    const Url middle1 = file("middle1", 100);
+    const Url middle2 = file("middle2", 100);
+    const Url recent = file("recent", 200);
+    const std::vector<Url> expected = {recent, middle1, middle2, old, missing1, missing2};
+    EXPECT_EQ(sortedByModificationDate({missing1, middle1, old, middle2, missing2, recent}), expected);
+    EXPECT_TRUE(sortedByModificationDate({}).empty());
+}
+
+// Counts calls from other threads; waits for them with a deadline.
+class Calls {
+public:
+    void add()
+    {
+        std::lock_guard lock(mutex_);
+        ++count_;
+        thread_ = std::this_thread::get_id();
+        changed_.notify_all();
+    }
+    bool waitFor(int count)
+    {
+        std::unique_lock lock(mutex_);
+        return changed_.wait_for(lock, std::chrono::seconds(10), [&] { return count_ >= count; });
+    }
+    int count()
+    {
+        std::lock_guard lock(mutex_);
+        return count_;
+    }
+    std::thread::id thread()
+    {
+        std::lock_guard lock(mutex_);
+        return thread_;
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    int count_ = 0;
+    std::thread::id thread_;
+};
+
+TEST(DirectoryObserver, CallsOnABackgroundThreadForEveryKindOfEvent)
+{
+    const Tests::TemporaryDirectory root;
+    const std::string folder = root.makeFolder("watched");
+    Calls calls;
+    const DirectoryObserver observer(Url::fromPath(folder), [&] { calls.add(); });
+    EXPECT_GE(observer.fileDescriptor(), 0);
+    const std::pair<const char*, std::function<void()>> rows[] = {
+        {"new entry", [&] { root.write("watched/a", ""); }},
+        {"entry renamed", [&] { std::filesystem::rename(folder + "/a", folder + "/b"); }},
+        {"entry removed", [&] { std::filesystem::remove(folder + "/b"); }},
+        {"permissions", [&] { ::chmod(folder.c_str(), 0700); }},
+        {"renamed", [&] { std::filesystem::rename(folder, root / "moved"); }},
+        {"followed", [&] { root.write("moved/c", ""); }},
+    };
+    for (const auto& [what, change] : rows) {
+        const int before = calls.count();
+        change();
+        EXPECT_TRUE(calls.waitFor(before + 1)) << what;
+    }
+    EXPECT_NE(calls.thread(), std::this_thread::get_id());
+}
+
+TEST(DirectoryObserver, EndsWithItsOwnerEvenWhileEventsCome)
+{
+    const Tests::TemporaryDirectory root;
+    for (int i = 0; i < 50; ++i) {
+        const auto calls = std::make_shared<Calls>();
+        {
+            const DirectoryObserver observer(root.url(), [calls] { calls->add(); });
+            root.write("file" + std::to_string(i), "");
+        }
+        root.write("later" + std::to_string(i), "");
+    }
+    Calls calls;
+    const DirectoryObserver last(root.url(), [&] { calls.add(); });
+    root.write("end", "");
+    EXPECT_TRUE(calls.waitFor(1));
+}
+
+TEST(DirectoryObserver, MissingEntryIsNeverHeardOf)
+{
+    const Tests::TemporaryDirectory root;
+    const DirectoryObserver observer(Url::fromPath(root / "missing"), [] { FAIL(); });
+    EXPECT_EQ(observer.fileDescriptor(), -1);
+}
+
+}  // namespace
+}  // namespace Fennick
