@@ -64,10 +64,17 @@ public:
     }
 
     const std::string& launcher() const { return launcher_; }
-    void waitUntilOpened() const
+    // When the stub began to run. Returns after its end, so that the next launcher does not find it running.
+    Clock::time_point waitUntilOpened() const
     {
-        char c = 0;
-        if (::read(pipe_, &c, 1) != 1) std::abort();
+        pid_t stub = 0;
+        if (::read(pipe_, &stub, sizeof stub) != sizeof stub) std::abort();
+        const auto opened = Clock::now();
+        pollfd end{static_cast<int>(::syscall(SYS_pidfd_open, stub, 0)), POLLIN, 0};
+        if (end.fd < 0) return opened;  // it has ended
+        ::poll(&end, 1, 10'000);
+        ::close(end.fd);
+        return opened;
     }
 
 private:
@@ -102,8 +109,7 @@ void compareStarts(const Stage& stage)
 
         start = Clock::now();
         const Bench::Program launcher({stage.launcher()});
-        stage.waitUntilOpened();
-        ours.push_back(millisecondsSince(start));
+        ours.push_back(std::chrono::duration<double, std::milli>(stage.waitUntilOpened() - start).count());
     }
     const auto print = [](const char* which, double our, double their) {
         std::printf(

@@ -1,4 +1,4 @@
-// Stands for the main application: tells the pipe beside it that it executes, and ends.
+// Stands for the main application: tells the pipe beside it its process id, and ends.
 
 #include <cstring>
 
@@ -12,5 +12,6 @@ int main(int, char** argv)
     std::memcpy(pipe, argv[0], static_cast<std::size_t>(folder));
     std::strcpy(pipe + folder, "/pipe");
     const int descriptor = ::open(pipe, O_WRONLY);
-    return ::write(descriptor, "x", 1) == 1 ? 0 : 1;
+    const pid_t self = ::getpid();
+    return ::write(descriptor, &self, sizeof self) == sizeof self ? 0 : 1;
 }
