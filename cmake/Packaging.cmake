@@ -8,7 +8,7 @@ install(EXPORT PelloraTargets NAMESPACE Pellora:: DESTINATION "${CMAKE_INSTALL_L
 foreach(library platform Fennick Lorrel)
   if(EXISTS "${PROJECT_SOURCE_DIR}/${library}")
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/${library}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/pellora"
-      FILES_MATCHING PATTERN "*.h" PATTERN "internal" EXCLUDE)
+      FILES_MATCHING PATTERN "*.h" PATTERN "internal" EXCLUDE PATTERN "platform/bus" EXCLUDE)
   endif()
 endforeach()
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "platform/bus/BusConnection.h"
 #include "platform/runtime/Shared.h"
-#include "platform/session/internal/BusConnection.h"
 #include "platform/session/internal/ObserverTable.h"
 
 namespace Platform {

@@ -9,7 +9,7 @@
 
 #include <systemd/sd-bus.h>
 
-#include "platform/session/internal/BusConnection.h"
+#include "platform/bus/BusConnection.h"
 
 namespace Platform {
 namespace {

@@ -6,10 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/bus/BusConnection.h"
 #include "platform/runtime/RunLoop.h"
 #include "platform/runtime/Shared.h"
 #include "platform/session/DistributedNotificationCenter.h"
-#include "platform/session/internal/BusConnection.h"
 #include "platform/session/internal/DBusDistributedNotificationCenter.h"
 #include "tests/fakes/CapturingLog.h"
 #include "tests/fakes/Replaced.h"

@@ -1,4 +1,4 @@
-#include "platform/session/internal/SessionBusAddress.h"
+#include "platform/bus/SessionBusAddress.h"
 
 #include <unistd.h>
 

@@ -1,4 +1,4 @@
-#include "platform/session/internal/BusLink.h"
+#include "platform/bus/BusLink.h"
 
 #include <algorithm>
 

@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
+#include "platform/bus/BusLink.h"
+#include "platform/bus/BusMessage.h"
 #include "platform/runtime/Result.h"
 #include "platform/runtime/RunLoop.h"
 #include "platform/runtime/Subscription.h"
-#include "platform/session/internal/BusLink.h"
-#include "platform/session/internal/BusMessage.h"
 
 namespace Platform {
 

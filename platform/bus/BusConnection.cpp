@@ -1,13 +1,13 @@
-#include "platform/session/internal/BusConnection.h"
+#include "platform/bus/BusConnection.h"
 
 #include <algorithm>
 #include <utility>
 
+#include "platform/bus/BusHandlers.h"
+#include "platform/bus/SessionBusAddress.h"
 #include "platform/runtime/Log.h"
 #include "platform/runtime/Shared.h"
 #include "platform/runtime/Timer.h"
-#include "platform/session/internal/BusHandlers.h"
-#include "platform/session/internal/SessionBusAddress.h"
 
 namespace Platform {
 

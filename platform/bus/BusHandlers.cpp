@@ -1,4 +1,4 @@
-#include "platform/session/internal/BusHandlers.h"
+#include "platform/bus/BusHandlers.h"
 
 #include <algorithm>
 #include <cerrno>

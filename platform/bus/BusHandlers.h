@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/session/internal/BusConnection.h"
+#include "platform/bus/BusConnection.h"
 
 namespace Platform {
 

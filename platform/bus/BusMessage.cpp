@@ -1,4 +1,4 @@
-#include "platform/session/internal/BusMessage.h"
+#include "platform/bus/BusMessage.h"
 
 namespace Platform {
 
