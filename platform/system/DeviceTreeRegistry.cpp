@@ -3,6 +3,7 @@
 
 #include "platform/runtime/Environment.h"
 #include "platform/runtime/Shared.h"
+#include "platform/runtime/Utf8.h"
 #include "platform/system/IORegistry.h"
 #include "platform/system/internal/SmallFile.h"
 
@@ -52,10 +53,10 @@ public:
     std::optional<IOProperty> property(std::string_view key) const override
     {
         if (key != "IOPlatformSerialNumber") return std::nullopt;
-        if (auto serial = readLine(SystemRoots::shared().sys() + "/class/dmi/id/product_serial")) return *serial;
-        auto serial = readSmallFile(tree("/serial-number"));
+        const auto onBoard = readLine(SystemRoots::shared().sys() + "/class/dmi/id/product_serial");
+        const auto serial = onBoard ? onBoard : readSmallFile(tree("/serial-number"));
         if (!serial) return std::nullopt;
-        return serial->substr(0, serial->find('\0'));
+        return repairedUtf8(std::string_view(*serial).substr(0, serial->find('\0')));
     }
 };
 

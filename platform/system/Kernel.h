@@ -34,7 +34,7 @@ struct HostBasicInfo {
 // machdep.cpu.brand_string    | text               | /proc/cpuinfo
 // machdep.cpu.thread_count    | 32-bit number      | online processors
 // hw.logicalcpu               | 32-bit number      | online processors
-// hw.physicalcpu              | 32-bit number      | cores by package and core number
+// hw.physicalcpu              | 32-bit number      | cores that the online processors share
 // kern.hostname               | text               | /proc/sys/kernel/hostname
 // kern.osproductversion       | text               | os-release VERSION_ID
 // kern.boottime (1, 21)       | 64-bit s, 64-bit us| /proc/stat

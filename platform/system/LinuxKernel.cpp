@@ -4,7 +4,6 @@
 #include <limits>
 #include <memory>
 
-#include <sys/sysinfo.h>
 #include <sys/utsname.h>
 
 #include "platform/runtime/Environment.h"
@@ -43,23 +42,18 @@ std::string proc(std::string_view path)
     return SystemRoots::shared().proc() + std::string(path);
 }
 
-// The value of the first line "KEY : VALUE" of a /proc file.
-Bytes procValue(const std::string& path, std::string_view key)
+// The value of the first line "KEY : VALUE" or "KEY VALUE" of a /proc file's content.
+Bytes procValue(std::string_view content, std::string_view key)
 {
-    const auto content = readSmallFile(path);
-    if (!content) return std::nullopt;
-    std::size_t at = 0;
-    while (at < content->size()) {
-        const std::size_t end = std::min(content->find('\n', at), content->size());
-        const std::string_view line = std::string_view(*content).substr(at, end - at);
-        at = end + 1;
+    while (!content.empty()) {
+        const std::size_t end = std::min(content.find('\n'), content.size());
+        std::string_view line = content.substr(0, end);
+        content.remove_prefix(std::min(end + 1, content.size()));
         if (!line.starts_with(key)) continue;
-        const std::size_t colon = line.find_first_of(": \t", key.size());
-        if (colon != key.size()) continue;
-        const std::string_view value = trimmed(line.substr(
-            line.find_first_not_of(": \t", colon) == std::string_view::npos ? line.size()
-                                                                            : line.find_first_not_of(": \t", colon)));
-        if (!value.empty()) return std::string(value);
+        line.remove_prefix(key.size());
+        const std::size_t value = line.find_first_not_of(": \t");
+        const bool isOtherKey = value == 0;
+        if (!isOtherKey && value != std::string_view::npos) return std::string(trimmed(line.substr(value)));
     }
     return std::nullopt;
 }
@@ -73,7 +67,8 @@ Bytes model()
 
 Bytes brandString()
 {
-    return terminated(procValue(proc("/cpuinfo"), "model name"));
+    // The first record tells; the kernel makes up the others only for those who read on.
+    return terminated(procValue(readSmallFile(proc("/cpuinfo"), 4096).value_or(""), "model name"));
 }
 Bytes hostName()
 {
@@ -81,11 +76,11 @@ Bytes hostName()
 }
 Bytes logicalProcessors()
 {
-    return littleEndian(static_cast<std::int32_t>(processorCounts().online));
+    return littleEndian(static_cast<std::int32_t>(onlineProcessors()));
 }
 Bytes physicalProcessors()
 {
-    return littleEndian(static_cast<std::int32_t>(processorCounts().cores));
+    return littleEndian(static_cast<std::int32_t>(physicalCores()));
 }
 
 Bytes productVersion()
@@ -96,7 +91,7 @@ Bytes productVersion()
 
 Bytes bootTime()
 {
-    const auto seconds = procValue(proc("/stat"), "btime");
+    const auto seconds = procValue(readSmallFile(proc("/stat")).value_or(""), "btime");
     const auto number = seconds ? parseNumber(*seconds) : std::nullopt;
     if (!number) return std::nullopt;
     return littleEndian<std::int64_t>(*number) + littleEndian<std::int64_t>(0);
@@ -156,11 +151,10 @@ public:
 
     HostBasicInfo hostBasicInfo() const override
     {
-        const ProcessorCounts counts = processorCounts();
         HostBasicInfo info;
-        info.max_cpus = info.logical_cpu_max = counts.present;
-        info.avail_cpus = info.logical_cpu = counts.online;
-        info.physical_cpu = info.physical_cpu_max = counts.cores;
+        info.max_cpus = info.logical_cpu_max = presentProcessors();
+        info.avail_cpus = info.logical_cpu = onlineProcessors();
+        info.physical_cpu = info.physical_cpu_max = physicalCores();
         info.max_mem = ProcessInfo::shared().physicalMemory();
         info.memory_size = static_cast<std::uint32_t>(
             std::min<std::uint64_t>(info.max_mem, std::numeric_limits<std::uint32_t>::max()));

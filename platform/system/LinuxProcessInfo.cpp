@@ -10,6 +10,7 @@
 #include "platform/system/internal/HostName.h"
 #include "platform/system/internal/Processors.h"
 #include "platform/system/internal/SmallFile.h"
+#include "platform/system/internal/TimedQuestion.h"
 
 namespace Platform {
 
@@ -35,7 +36,7 @@ constexpr int mostTripPoints = 16;
 // A zone without an answering sensor counts as cool.
 ThermalState stateOfZone(const std::string& zone)
 {
-    const auto reading = readWithin(zone + "/temp", 100ms);
+    const auto reading = readSlowFile(zone + "/temp");
     const auto temperature = reading ? parseNumber(trimmed(*reading)) : std::nullopt;
     ThermalState worst = ThermalState::nominal;
     for (int i = 0; temperature && i < mostTripPoints; ++i) {
@@ -59,14 +60,16 @@ public:
         return name ? "Version " + *name : "Version";
     }
 
-    int activeProcessorCount() const override { return processorCounts().online; }
+    int activeProcessorCount() const override { return onlineProcessors(); }
 
     ThermalState thermalState() const override
     {
         const std::string zones = SystemRoots::shared().sys() + "/class/thermal";
         ThermalState worst = ThermalState::nominal;
         for (const auto& zone : entriesWithPrefix(zones, "thermal_zone")) {
-            worst = std::max(worst, stateOfZone(zones + "/" + zone));
+            const std::string path = zones + "/" + zone;
+            const auto state = askWithin(100ms, path, [path] { return static_cast<int>(stateOfZone(path)); });
+            worst = std::max(worst, static_cast<ThermalState>(state.value_or(0)));
         }
         return worst;
     }

@@ -21,7 +21,7 @@ public:
     virtual int activeProcessorCount() const = 0;
     // The worst thermal zone against its own trip points: active cooling is
     // fair, passive or hot serious, critical critical. A sensor that does not
-    // answer within 100 ms is left out.
+    // answer within 100 ms is left out until it does.
     virtual ThermalState thermalState() const = 0;
     // Bytes.
     virtual std::uint64_t physicalMemory() const = 0;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/runtime/Environment.h"
@@ -40,7 +39,7 @@ std::vector<int> processorList(const std::string& name)
 
 int processorsInCpuinfo()
 {
-    const auto content = readSmallFile(SystemRoots::shared().proc() + "/cpuinfo").value_or("");
+    const auto content = readSmallFile(SystemRoots::shared().proc() + "/cpuinfo", 16 << 20).value_or("");
     int count = 0;
     for (std::size_t at = 0; (at = content.find("processor", at)) != std::string::npos; ++at) {
         if (at == 0 || content[at - 1] == '\n') ++count;
@@ -48,31 +47,38 @@ int processorsInCpuinfo()
     return std::max(count, 1);
 }
 
-int distinctCores(const std::vector<int>& processors)
+// Logical processors that share a core name one another as siblings.
+int coresOf(const std::vector<int>& processors)
 {
-    std::set<std::pair<long long, long long>> cores;
+    std::set<int> counted;
+    int cores = 0;
     for (const int processor : processors) {
-        const std::string topology =
-            SystemRoots::shared().sys() + "/devices/system/cpu/cpu" + std::to_string(processor) + "/topology/";
-        const auto core = readNumber(topology + "core_id");
-        if (!core) return static_cast<int>(processors.size());  // no topology: each counts as a core
-        cores.emplace(readNumber(topology + "physical_package_id").value_or(0), *core);
+        if (counted.contains(processor)) continue;
+        const auto siblings = processorList("cpu" + std::to_string(processor) + "/topology/thread_siblings_list");
+        if (siblings.empty()) return static_cast<int>(processors.size());  // no topology: each counts as a core
+        counted.insert(siblings.begin(), siblings.end());
+        ++cores;
     }
-    return static_cast<int>(cores.size());
+    return cores;
 }
 
 }  // namespace
 
-ProcessorCounts processorCounts()
+int onlineProcessors()
 {
     const auto online = processorList("online");
-    if (online.empty()) {
-        const int count = processorsInCpuinfo();
-        return {count, count, count};
-    }
-    const auto present = processorList("present");
-    const int inUse = static_cast<int>(online.size());
-    return {inUse, std::max(inUse, static_cast<int>(present.size())), distinctCores(online)};
+    return online.empty() ? processorsInCpuinfo() : static_cast<int>(online.size());
+}
+
+int presentProcessors()
+{
+    return std::max(onlineProcessors(), static_cast<int>(processorList("present").size()));
+}
+
+int physicalCores()
+{
+    const auto online = processorList("online");
+    return online.empty() ? processorsInCpuinfo() : coresOf(online);
 }
 
 }  // namespace Platform

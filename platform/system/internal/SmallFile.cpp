@@ -1,30 +1,28 @@
 #include "platform/system/internal/SmallFile.h"
 
+#include <algorithm>
 #include <charconv>
-#include <condition_variable>
 #include <memory>
-#include <mutex>
-#include <thread>
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <unistd.h>
 
 #include "platform/runtime/FileDescriptor.h"
+#include "platform/runtime/Utf8.h"
 
 namespace Platform {
 
 namespace {
 
-constexpr std::size_t mostBytes = 1 << 20;
 constexpr std::string_view whiteSpace = " \t\r\n\v\f";
 
-std::optional<std::string> readAll(int descriptor)
+std::optional<std::string> readUpTo(std::size_t most, int descriptor)
 {
     std::string content;
     char chunk[4096];
-    while (content.size() < mostBytes) {
-        const ssize_t count = ::read(descriptor, chunk, sizeof chunk);
+    while (content.size() < most) {
+        const ssize_t count = ::read(descriptor, chunk, std::min(sizeof chunk, most - content.size()));
         if (count < 0) return std::nullopt;
         if (count == 0) break;
         content.append(chunk, static_cast<std::size_t>(count));
@@ -47,10 +45,16 @@ std::string unquoted(std::string_view value)
 
 }  // namespace
 
-std::optional<std::string> readSmallFile(const std::string& path)
+std::optional<std::string> readSmallFile(const std::string& path, std::size_t most)
 {
     const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    return file ? readAll(file.get()) : std::nullopt;
+    return file ? readUpTo(most, file.get()) : std::nullopt;
+}
+
+std::optional<std::string> readSlowFile(const std::string& path)
+{
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    return file ? readUpTo(4096, file.get()) : std::nullopt;
 }
 
 std::optional<std::string> readLine(const std::string& path)
@@ -67,29 +71,6 @@ std::optional<long long> readNumber(const std::string& path)
     return content ? parseNumber(trimmed(*content)) : std::nullopt;
 }
 
-std::optional<std::string> readWithin(const std::string& path, std::chrono::milliseconds time)
-{
-    struct Answer {
-        std::mutex mutex;
-        std::condition_variable arrived;
-        bool isReady = false;
-        std::optional<std::string> content;
-    };
-    const auto answer = std::make_shared<Answer>();
-    // A read that hangs in a driver cannot be interrupted, only left behind.
-    std::thread([answer, path] {
-        const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-        auto content = file ? readAll(file.get()) : std::nullopt;
-        std::lock_guard lock(answer->mutex);
-        answer->content = std::move(content);
-        answer->isReady = true;
-        answer->arrived.notify_one();
-    }).detach();
-    std::unique_lock lock(answer->mutex);
-    answer->arrived.wait_for(lock, time, [&] { return answer->isReady; });
-    return answer->content;
-}
-
 std::optional<std::string> shellValue(std::string_view content, std::string_view key)
 {
     while (!content.empty()) {
@@ -97,7 +78,9 @@ std::optional<std::string> shellValue(std::string_view content, std::string_view
         const std::string_view line = trimmed(content.substr(0, end));
         content.remove_prefix(std::min(end + 1, content.size()));
         const std::size_t equals = line.find('=');
-        if (equals != std::string_view::npos && line.substr(0, equals) == key) return unquoted(line.substr(equals + 1));
+        if (equals != std::string_view::npos && line.substr(0, equals) == key) {
+            return repairedUtf8(unquoted(line.substr(equals + 1)));
+        }
     }
     return std::nullopt;
 }
