@@ -30,7 +30,7 @@ public:
     }
     std::string machine() const override { return machineName; }
     std::optional<std::int64_t> rawUptimeSeconds() const override { return uptime; }
-    Platform::HostBasicInfo hostBasicInfo() const override { return {}; }
+    Platform::HostBasicInfo hostBasicInfo() const override { return {.logical_cpu_max = 6}; }
 };
 
 using ReplacedKernel = Replaced<Platform::Kernel, FakeKernel>;

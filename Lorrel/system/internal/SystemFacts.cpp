@@ -21,6 +21,7 @@ namespace Lorrel {
 namespace {
 
 constexpr const char* placeholder = "-";
+constexpr const char* letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
 
 std::string productDescription()
 {
@@ -96,7 +97,7 @@ std::string findProcessorName()
 std::optional<AppleHardwareDetails> findHardwareDetails()
 {
     const std::string locale = Platform::currentLocaleName();
-    const std::string language = locale.substr(0, locale.find('_'));
+    const std::string language = locale.substr(0, locale.find_first_not_of(letters));
     if (language.empty()) return std::nullopt;
     const auto texts = machineAttributes(language);
     if (!texts || !holdsOnlyTexts(*texts)) return std::nullopt;

@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include "Lorrel/resource_bundle_accessor.h"
 #include "Lorrel/system/IOKitHelper.h"
 #include "Lorrel/system/MacSystem.h"
 #include "Lorrel/system/internal/SystemFacts.h"
 #include "platform/coding/JSONDecoder.h"
 #include "platform/coding/JSONEncoder.h"
 #include "tests/fakes/FakeEnvironment.h"
+#include "tests/fakes/FakeIconService.h"
 #include "tests/fakes/FakeKernel.h"
 #include "tests/fakes/VirtualClock.h"
 #include "tests/support/TemporaryDirectory.h"
@@ -104,18 +106,54 @@ TEST_F(MacSystemTest, TheModelDecidesTheSymbol)
 
 TEST_F(MacSystemTest, CachedFactsAreReadOnceAndMayBeAssigned)
 {
-    kernel->variables = {
-        {"hw.model", "Box9\0rest"s}, {"kern.hostname", "b\xFFx\0"s}, {"hw.physicalcpu", "\x08\x01\0\0"s}};
+    EXPECT_EQ(MacSystem::computerName(), Lorrel::Resources::text("UNKNOWN_COMPUTER_NAME"));
+    EXPECT_EQ(MacSystem::osProductVersion(), "");
+    kernel->variables = {{"hw.model", "Box9\0rest"s},          {"kern.hostname", "b\xFFx\0"s},
+                         {"hw.physicalcpu", "\x08\x01\0\0"s},  {"hw.logicalcpu", "\x10\0\0\0"s},
+                         {"kern.osproductversion", "12.5\0"s}, {"machdep.cpu.brand_string", "Fast"s}};
+    process->name = "Ada's box";
     EXPECT_EQ(MacSystem::model(), "Box9");
     EXPECT_EQ(MacSystem::hostName(), "b\xEF\xBF\xBDx");
+    EXPECT_EQ(MacSystem::cpuBrand(), "Fast");
     EXPECT_EQ(MacSystem::physicalCoreCount(), 8);
-    EXPECT_EQ(MacSystem::logicalCoreCount(), 0);
-    EXPECT_EQ(MacSystem::cpuBrand(), "");
+    EXPECT_EQ(MacSystem::logicalCoreCount(), 16);
+    EXPECT_EQ(MacSystem::threadCount(), 0);
+    EXPECT_EQ(MacSystem::osProductVersion(), "12.5");
+    EXPECT_NE(MacSystem::computerName(), "Ada's box");  // the first read counts
+    kernel->variables["machdep.cpu.thread_count"] = "\x20"s;
+    EXPECT_EQ(MacSystem::threadCount(), 0);
+    const Platform::Shared<Lorrel::SystemFacts>::Override later;
+    EXPECT_EQ(MacSystem::threadCount(), 32);
+    EXPECT_EQ(MacSystem::computerName(), "Ada's box");
+    EXPECT_EQ(MacSystem::model(), "Box9");
     kernel->variables.clear();
     EXPECT_EQ(MacSystem::model(), "Box9");
     MacSystem::setModel("Other");
     EXPECT_EQ(MacSystem::model(), "Other");
     EXPECT_EQ(MacSystem::osProductVersion(), "");  // asked anew each time
+}
+
+TEST_F(MacSystemTest, WhatChangesIsAskedOfTheSystemEachTime)
+{
+    EXPECT_EQ(MacSystem::activeProcessorCount(), 4);
+    EXPECT_EQ(MacSystem::thermalState(), 2);
+    EXPECT_EQ(MacSystem::physicalMemory(), 1536U);
+    EXPECT_EQ(MacSystem::physicalMemoryText(), "1.5 KB");
+    EXPECT_EQ(MacSystem::hostBasicInfo().logical_cpu_max, 6);
+    EXPECT_EQ(MacSystem::mainPort(), Platform::kIOMainPortDefault);
+}
+
+TEST_F(MacSystemTest, PicturesOfTheSystemAreLoadedOnce)
+{
+    const Tests::ReplacedIconService icons;
+    const std::string folder = "image " + root / "System/Library/Desktop Pictures/";
+    icons->lack(folder + "Ventura Graphic.heic");
+    for (int read = 0; read < 2; ++read) {
+        EXPECT_EQ(icons->nameOf(MacSystem::bigSurWallpaper()), folder + "Big Sur Graphic.heic");
+        EXPECT_EQ(icons->nameOf(MacSystem::montereyWallpaper()), folder + "Monterey Graphic.heic");
+        EXPECT_EQ(MacSystem::venturaWallpaper(), nullptr);
+    }
+    EXPECT_EQ(icons->questions.size(), 3U);
 }
 
 TEST_F(MacSystemTest, IntelMachinesTakeTheirNameFromTheTableOfModels)
@@ -134,6 +172,8 @@ TEST_F(MacSystemTest, IntelMachinesTakeTheirNameFromTheTableOfModels)
         {"de_DE.UTF-8", row + "<key>marketingModel</key><integer>1</integer></dict></dict>", "-"},
         {"de_DE.UTF-8", "<key>MacPro7,1</key><string>x</string>", "-"},
         {"de_DE.UTF-8", "<broken", "-"},
+        {"de-AT", row + "<key>marketingModel</key><string>x</string></dict></dict>", "x"},
+        {"../de", row + "<key>marketingModel</key><string>x</string></dict></dict>", "-"},
         {"_DE", row + "<key>marketingModel</key><string>x</string></dict></dict>", "-"},
     };
     for (const Case& item : cases) {
@@ -170,6 +210,9 @@ TEST_F(MacSystemTest, ArmMachinesReadTheirNameAndCoresFromTheRegistry)
     const Platform::IORegistryEntryRef cpu = Platform::IORegistry::shared().servicesNamed("cpu").front();
     EXPECT_EQ(Lorrel::IOKitHelper::numberProperty(*cpu, "compatible"), Platform::Number(0x6c707041U));
     EXPECT_EQ(Lorrel::IOKitHelper::numberProperty(*cpu, "missing"), std::nullopt);
+    EXPECT_EQ(Lorrel::IOKitHelper::stringProperty(*cpu, "compatible"), "Apple,IceStorm\0ARM,v8\0"s);
+    const auto machine = Platform::IORegistry::shared().serviceOfClass(MacSystem::mainPort(), "IOPlatformExpertDevice");
+    EXPECT_EQ(Lorrel::IOKitHelper::stringProperty(*machine, "IOPlatformSerialNumber"), std::nullopt);  // no bytes
     root.write("proc/device-tree/cpus/cpu@0/reg", "\x07");
     root.write("proc/device-tree/cpus/cpu@0/nothing", "");
     EXPECT_EQ(Lorrel::IOKitHelper::numberProperty(*cpu, "reg"), Platform::Number(7U));
