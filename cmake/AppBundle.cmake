@@ -14,6 +14,6 @@ function(pellora_app_bundle target)
   configure_file("${APP_PLIST}" "${PROJECT_BINARY_DIR}/${contents}/Info.plist" @ONLY)
   set_target_properties(${target} PROPERTIES
     OUTPUT_NAME "${APP_NAME}" RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/${contents}/MacOS")
-  install(FILES "${PROJECT_BINARY_DIR}/${contents}/Info.plist" DESTINATION "${PELLORA_APP_DIR}/${contents}")
-  install(TARGETS ${target} RUNTIME DESTINATION "${PELLORA_APP_DIR}/${contents}/MacOS")
+  install(FILES "${PROJECT_BINARY_DIR}/${contents}/Info.plist" DESTINATION "${PELLORA_APP_DIR}/${contents}" COMPONENT pellora-launcher)
+  install(TARGETS ${target} RUNTIME DESTINATION "${PELLORA_APP_DIR}/${contents}/MacOS" COMPONENT pellora-launcher)
 endfunction()

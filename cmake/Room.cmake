@@ -28,6 +28,7 @@ function(pellora_room target)
     "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>" "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/pellora>")
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC ${ROOM_LINKS} PRIVATE ${ROOM_SYSTEM} "$<BUILD_INTERFACE:pellora_settings>")
+  set_target_properties(${target} PROPERTIES PELLORA_SYSTEM "${ROOM_SYSTEM}")
   set_property(GLOBAL APPEND PROPERTY PELLORA_ROOMS ${target})
 endfunction()
 
