@@ -3,7 +3,7 @@
 #include <chrono>
 #include <utility>
 
-#include "platform/session/internal/BusConnection.h"
+#include "platform/bus/BusConnection.h"
 
 namespace Platform {
 

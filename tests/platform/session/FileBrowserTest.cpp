@@ -2,10 +2,10 @@
 #include <sys/stat.h>
 #include <systemd/sd-bus.h>
 
+#include "platform/bus/BusConnection.h"
 #include "platform/runtime/RunLoop.h"
 #include "platform/runtime/Shared.h"
 #include "platform/session/Workspace.h"
-#include "platform/session/internal/BusConnection.h"
 #include "tests/fakes/CapturingLog.h"
 #include "tests/fakes/FakeEnvironment.h"
 #include "tests/support/EnvironmentVariable.h"
