@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "Fennick/DateUtilities.h"
-#include "Fennick/datastore/NumberTexts.h"
+#include "Fennick/disk/DiskUtilities.h"
 #include "Lorrel/system/internal/KernelReads.h"
 #include "Lorrel/system/internal/SystemFacts.h"
 #include "platform/runtime/Clock.h"
@@ -167,7 +167,7 @@ std::uint64_t MacSystem::physicalMemory()
 }
 std::string MacSystem::physicalMemoryText()
 {
-    return Fennick::byteCountText(physicalMemory());
+    return Fennick::DiskUtilities::byteCountText(physicalMemory());
 }
 bool MacSystem::isAppleSilicon()
 {
