@@ -8,6 +8,7 @@
 #include "platform/bundle/Bundle.h"
 #include "platform/files/TypeIdentifier.h"
 #include "platform/ui/Image.h"
+#include "platform/ui/icons/DeviceIconNames.h"
 #include "platform/ui/icons/IconTheme.h"
 
 namespace Platform {
@@ -124,7 +125,7 @@ ImageRef ThemeIconService::iconForContentType(std::string_view type)
     const auto known = types_.find(type);
     if (known != types_.end()) return known->second;
     const auto mime = mimeTypeOf(type);
-    const ImageRef icon = mime ? themed(namesForMime(*mime)) : nullptr;
+    const ImageRef icon = themed(mime ? namesForMime(*mime) : deviceIconNames(type));
     types_.emplace(type, icon);
     return icon;
 }

@@ -4,6 +4,7 @@
 #include "platform/ui/ImageCodec.h"
 #include "platform/ui/icons/IconTheme.h"
 #include "platform/ui/icons/Symbols.h"
+#include "platform/ui/icons/ThemeIconService.h"
 #include "tests/platform/ui/Pixels.h"
 #include "tests/support/TemporaryDirectory.h"
 
@@ -60,6 +61,33 @@ TEST_F(IconThemes, ChooseTheNearestSizeThenTheParentThenHicolorThenLooseFiles)
             EXPECT_EQ(icon->size(), (Size{double(each.pixels), double(each.pixels)})) << each.name;
         }
     }
+}
+
+TEST_F(IconThemes, ShowDevicesByTheirTypes)
+{
+    const std::pair<const char*, std::uint32_t> pictures[] = {
+        {"computer", 0xff000001}, {"phone", 0xff000002}, {"multimedia-player", 0xff000003}, {"pda", 0xff000004}};
+    for (const auto& [name, pixel] : pictures) addIcon("a/Main/48/" + std::string(name) + ".png", 48, pixel);
+    const Shared<IconTheme>::Override session(
+        std::make_shared<IconTheme>(std::vector<std::string>{folder / "a"}, "Main"));
+    const std::pair<const char*, std::uint32_t> cases[] = {
+        {"com.apple.mac", 0xff000001},
+        {"com.apple.macmini-2018", 0xff000001},
+        {"com.apple.imac-2021", 0xff000001},
+        {"com.apple.iphone-15-pro-2", 0xff000002},
+        {"com.apple.ipod-touch", 0xff000003},
+        {"com.apple.ipad-air-5", 0xff000004},
+        {"com.apple.watch-u-8", 0},
+        {"com.apple.machine", 0},
+        {"com.apple.macbookpro-14", 0xff000001},
+        {"", 0},
+    };
+    ThemeIconService service;
+    for (const auto& [type, pixel] : cases) EXPECT_EQ(pixelOf(service.iconForContentType(type)), pixel) << type;
+    addIcon("a/Main/48/computer-laptop.png", 48, 0xff000005);
+    const Shared<IconTheme>::Override renewed(
+        std::make_shared<IconTheme>(std::vector<std::string>{folder / "a"}, "Main"));
+    EXPECT_EQ(pixelOf(ThemeIconService().iconForContentType("com.apple.macbookpro-14")), 0xff000005);
 }
 
 TEST_F(IconThemes, RememberWhatWasLookedUp)
