@@ -1,0 +1,150 @@
+#include <regex>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Fennick/notifications/Notifications.h"
+#include "Fennick/notifications/ReviewController.h"
+#include "platform/bundle/UserDefaults.h"
+#include "platform/session/ReviewPrompt.h"
+#include "tests/fakes/FakeEnvironment.h"
+#include "tests/fakes/FakeUserNotificationCenter.h"
+#include "tests/fakes/VirtualClock.h"
+#include "tests/support/TemporaryDirectory.h"
+
+namespace Fennick {
+
+namespace {
+
+using Platform::AlertStyle;
+using Platform::AuthorizationStatus;
+
+TEST(Notifications, MayNotifyWhenAuthorizedAndShown)
+{
+    Tests::ReplacedUserNotificationCenter center;
+    for (const auto status : {AuthorizationStatus::notDetermined, AuthorizationStatus::denied,
+                              AuthorizationStatus::authorized, AuthorizationStatus::provisional}) {
+        for (const auto style : {AlertStyle::none, AlertStyle::banner, AlertStyle::alert}) {
+            center->current = {status, style};
+            center->shown.clear();
+            std::optional<bool> can;
+            int completions = 0;
+            Notifications::canNotify([&](bool flag) { can = flag; });
+            Notifications::send("t", "b", [&](const auto& error) { completions += error ? 100 : 1; });
+            const bool isAuthorized = static_cast<int>(status) >= 2;
+            EXPECT_EQ(can, isAuthorized && style != AlertStyle::none);
+            EXPECT_EQ(completions, isAuthorized ? 1 : 0);
+            EXPECT_EQ(center->shown.size(), isAuthorized ? 1u : 0u);
+        }
+    }
+}
+
+TEST(Notifications, SendsEachUnderAnIdentifierOfItsOwn)
+{
+    Tests::ReplacedUserNotificationCenter center;
+    Notifications::send("title", "body");
+    Notifications::send("title", "body");
+    const auto& first = center->shown.at(0);
+    EXPECT_EQ(first.content.title, "title");
+    EXPECT_EQ(first.content.body, "body");
+    EXPECT_TRUE(first.content.hasDefaultSound);
+    const std::regex uuid("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}");
+    EXPECT_TRUE(std::regex_match(first.identifier, uuid)) << first.identifier;
+    EXPECT_NE(first.identifier, center->shown.at(1).identifier);
+}
+
+TEST(Notifications, PassesAuthorizationAndErrorsOn)
+{
+    Tests::ReplacedUserNotificationCenter center;
+    std::vector<std::string> answers;
+    const auto note = [&](const Platform::Result<bool>& granted) {
+        answers.push_back(!granted ? granted.error().call : *granted ? "yes" : "no");
+    };
+    Notifications::requestAuthorization(note);
+    center->current.authorizationStatus = AuthorizationStatus::denied;
+    Notifications::requestAuthorization(note);
+    center->failure = Platform::Error{"connect", "bus", 0, "none"};
+    Notifications::requestAuthorization(note);
+    Notifications::requestAuthorization();
+    EXPECT_EQ(answers, (std::vector<std::string>{"yes", "no", "connect"}));
+    EXPECT_EQ(center->requestedOptions, 7u);
+}
+
+TEST(Notifications, ObserversHearNamesFromTheSendersTheyChose)
+{
+    struct Listener {
+        int heard = 0;
+        void hear() { ++heard; }
+    };
+    const auto any = std::make_shared<Listener>();
+    const auto one = std::make_shared<Listener>();
+    const auto sender = std::make_shared<int>(1);
+    const Notifications::Name name("tick");
+    Notifications::addObserver(any, &Listener::hear, "tick");
+    Notifications::addObserver(one, &Listener::hear, name, sender);
+    Notifications::post("tick");
+    Notifications::post(name, sender);
+    EXPECT_EQ(any->heard, 2);
+    EXPECT_EQ(one->heard, 1);
+    Notifications::removeObserver(any, "tick");
+    Notifications::removeObserver(one, name);
+    Notifications::post(name, sender);
+    EXPECT_EQ(any->heard + one->heard, 3);
+}
+
+class CountingPrompt final : public Platform::ReviewPrompt {
+public:
+    void requestReview() override { ++count; }
+    int count = 0;
+};
+
+class ReviewControllerTest : public testing::Test {
+protected:
+    void pass(double seconds) { clock->advance(seconds); }
+    void request(const char* occasion) { ReviewController::shared().requestReview(occasion); }
+
+    Tests::TemporaryDirectory home;
+    Tests::ReplacedEnvironment environment;
+    Tests::ReplacedClock clock;
+    Tests::Replaced<Platform::ReviewPrompt, CountingPrompt> prompt;
+    Platform::Shared<ReviewController>::Override fresh;
+};
+
+TEST_F(ReviewControllerTest, PromptsOnceAndNotBeforeThreeDays)
+{
+    environment->setHome(home.path());
+    request("export");
+    pass(259199);
+    request("export");
+    request("import");
+    EXPECT_EQ(prompt->count, 0);
+    pass(1);
+    ReviewController::shared().requestReview(std::nullopt);
+    request("export");
+    EXPECT_EQ(prompt->count, 1);
+    pass(1e6);
+    request("export");
+    EXPECT_EQ(prompt->count, 1);
+    request("import");
+    EXPECT_EQ(prompt->count, 2);
+    // What was asked outlives the controller.
+    const auto defaults = Platform::UserDefaults::suite("com.orvane.appreviews");
+    EXPECT_EQ(defaults->boolean("export"), true);
+    EXPECT_EQ(defaults->number("init_export"), 1704110400);
+    ReviewController again(defaults);
+    again.requestReview("export");
+    EXPECT_EQ(prompt->count, 2);
+}
+
+TEST_F(ReviewControllerTest, WithoutAStoreItNeitherAsksNorRemembers)
+{
+    ReviewController controller(nullptr);
+    EXPECT_FALSE(controller.isDue("x"));
+    controller.requestReview("x");
+    EXPECT_EQ(prompt->count, 0);
+}
+
+}  // namespace
+
+}  // namespace Fennick

@@ -1,0 +1,208 @@
+#include <chrono>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/bus/BusConnection.h"
+#include "platform/session/ReviewPrompt.h"
+#include "platform/session/internal/DBusUserNotificationCenter.h"
+#include "platform/session/internal/NotificationReviewPrompt.h"
+#include "tests/fakes/CapturingLog.h"
+#include "tests/fakes/FakeNotificationServer.h"
+#include "tests/fakes/FakeUserNotificationCenter.h"
+#include "tests/fakes/FakeWorkspace.h"
+#include "tests/support/ChildProcess.h"
+#include "tests/support/Display.h"
+#include "tests/support/Eventually.h"
+#include "tests/support/PrivateBus.h"
+#include "tests/support/TemporaryDirectory.h"
+
+namespace Platform {
+
+namespace {
+
+using namespace std::chrono_literals;
+using Tests::eventually;
+using Tests::FakeNotificationServer;
+using Kind = UserNotificationResponse::Kind;
+
+class UserNotificationTest : public testing::Test {
+protected:
+    explicit UserNotificationTest(std::chrono::nanoseconds deadline = 10s)
+        : center(BusConnection::create(RunLoop::current()), RunLoop::current(), deadline)
+    {
+    }
+
+    std::optional<UserNotificationSettings> settings()
+    {
+        std::optional<UserNotificationSettings> answer;
+        center.settings([&](const UserNotificationSettings& current) { answer = current; });
+        eventually([&] { return answer.has_value(); });
+        return answer;
+    }
+
+    // Each notification's end: "" shown, else the error's reason.
+    void add(const std::string& title, const std::string& body,
+             std::function<void(const UserNotificationResponse&)> onResponse = nullptr)
+    {
+        UserNotificationRequest request{"id", {title, body, true, {{"default", "Open"}}}, std::move(onResponse)};
+        center.add(request,
+                   [this](const std::optional<Error>& error) { ends.push_back(error ? error->message() : ""); });
+    }
+    bool haveEnded(std::size_t count)
+    {
+        return eventually([&] { return ends.size() == count; }, 20s);
+    }
+
+    static constexpr UserNotificationSettings shownAsBanner{AuthorizationStatus::authorized, AlertStyle::banner};
+    static constexpr UserNotificationSettings denied{AuthorizationStatus::denied, AlertStyle::none};
+
+    Tests::ReplacedLog log;
+    Tests::PrivateBus bus;
+    DBusUserNotificationCenter center;
+    std::vector<std::string> ends;
+};
+
+TEST_F(UserNotificationTest, WithoutAServerNothingIsPermittedAndAddingFails)
+{
+    EXPECT_EQ(settings(), denied);
+    add("title", "body");
+    ASSERT_TRUE(haveEnded(1));
+    EXPECT_NE(ends[0], "");
+    bus.stop();
+    std::optional<Result<bool>> granted;
+    center.requestAuthorization(7, [&](const Result<bool>& answer) { granted.emplace(answer); });
+    ASSERT_TRUE(eventually([&] { return granted.has_value(); }));
+    EXPECT_FALSE(granted->isSuccess());
+    EXPECT_EQ(settings(), denied);
+    add("title", "body");
+    EXPECT_TRUE(haveEnded(2));
+    bus.start();
+}
+
+TEST_F(UserNotificationTest, ShowsPlainTextsWhateverTheServerReads)
+{
+    const std::string title =
+                          "a\nb\x01"
+                          "c\x7f",
+                      body = "<b>x</b> & \xff\n\t\0y";
+    {
+        FakeNotificationServer server;
+        ASSERT_TRUE(eventually([&] { return server.isThere(); }));
+        EXPECT_EQ(settings(), shownAsBanner);
+        add(title, body + std::string("\0z", 2));
+        ASSERT_TRUE(haveEnded(1));
+        EXPECT_EQ(server.shown.at(0).title, "a bc");
+        EXPECT_EQ(server.shown.at(0).body, "&lt;b&gt;x&lt;/b&gt; &amp; \ufffd\n\tz");
+    }
+    // Another server takes its place and reads bodies as they are.
+    FakeNotificationServer server;
+    server.takesMarkup = false;
+    ASSERT_TRUE(eventually([&] { return server.isThere() && settings() == shownAsBanner; }));
+    add(title, body);
+    ASSERT_TRUE(haveEnded(2));
+    EXPECT_EQ(ends, (std::vector<std::string>{"", ""}));
+    EXPECT_EQ(server.shown.at(0).body, "<b>x</b> & \ufffd\n\t");
+}
+
+TEST_F(UserNotificationTest, TellsOnceHowEachNotificationEnded)
+{
+    std::vector<std::string> responses;
+    const auto note = [&](const UserNotificationResponse& response) {
+        responses.push_back(std::to_string(static_cast<int>(response.kind)) + response.action);
+    };
+    {
+        FakeNotificationServer server;
+        ASSERT_TRUE(eventually([&] { return server.isThere(); }));
+        for (int i = 0; i < 5; ++i) add("title", "body", note);
+        ASSERT_TRUE(haveEnded(5));
+        server.close(1, 1);
+        server.close(2, 2);
+        server.invoke(3, "default");
+        server.close(3, 2);
+        server.close(4, 3);
+        server.close(99, 1);
+        EXPECT_TRUE(eventually([&] { return responses.size() == 4; }));
+    }
+    EXPECT_TRUE(eventually([&] { return responses.size() == 5; }));  // the server is gone
+    EXPECT_EQ(responses, (std::vector<std::string>{"0", "1", "3default", "2", "2"}));
+}
+
+TEST_F(UserNotificationTest, DeliversEachOfAThousandAndReturnsAtOnce)
+{
+    FakeNotificationServer server;
+    ASSERT_TRUE(eventually([&] { return server.isThere(); }));
+    for (int i = 0; i < 1000; ++i) add("same", "same");
+    EXPECT_TRUE(server.shown.empty());
+    ASSERT_TRUE(haveEnded(1000));
+    EXPECT_EQ(server.shown.size(), 1000u);
+}
+
+class HangingServerTest : public UserNotificationTest {
+protected:
+    HangingServerTest() : UserNotificationTest(300ms) {}
+};
+
+TEST_F(HangingServerTest, EveryNotificationFailsInTimeAndLaterOnesWorkAgain)
+{
+    FakeNotificationServer server;
+    ASSERT_TRUE(eventually([&] { return server.isThere(); }));
+    server.isHanging = true;
+    for (int i = 0; i < 30; ++i) add("title", "body");
+    ASSERT_TRUE(haveEnded(30));
+    for (const auto& end : ends) EXPECT_NE(end, "");
+    server.isHanging = false;
+    add("title", "body");
+    ASSERT_TRUE(haveEnded(31));
+    EXPECT_EQ(ends.back(), "");
+}
+
+TEST_F(UserNotificationTest, ARealServerShowsItAndTellsThatItWasClosed)
+{
+    const Tests::Display display;
+    const auto run = [](const std::vector<std::string>& command) {
+        return Tests::ChildProcess(command, {.streams = Tests::ChildStreams::silent}).wait(20s);
+    };
+    const auto picture = [&] {
+        EXPECT_EQ(run({"scrot", "--overwrite", SCREENSHOT}), 0);
+        return Tests::contentOf(SCREENSHOT);
+    };
+    const std::string emptyScreen = picture();
+    const Tests::ChildProcess dunst({"dunst"}, {.streams = Tests::ChildStreams::silent});
+    ASSERT_TRUE(eventually([&] { return settings() == shownAsBanner; }, 20s));
+    std::optional<Kind> end;
+    add("Temperature", "The processor is at <96> degrees & rising.",
+        [&](const UserNotificationResponse& response) { end = response.kind; });
+    ASSERT_TRUE(haveEnded(1));
+    EXPECT_EQ(ends[0], "");
+    EXPECT_TRUE(eventually([&] { return picture() != emptyScreen; }));
+    picture();  // once more, whole
+    EXPECT_EQ(run({"dunstctl", "close"}), 0);
+    EXPECT_TRUE(eventually([&] { return end.has_value(); }));
+    EXPECT_EQ(end, Kind::dismissed);
+}
+
+TEST(ReviewPrompt, OpensThePageOnlyWhenTheUserFollowsIt)
+{
+    Tests::ReplacedLog log;
+    Tests::ReplacedUserNotificationCenter center;
+    Tests::Replaced<Workspace, Tests::FakeWorkspace> workspace;
+    NotificationReviewPrompt("").requestReview();
+    EXPECT_TRUE(center->shown.empty());
+    EXPECT_EQ(log->count("names no page"), 1u);
+
+    NotificationReviewPrompt prompt("https://example.org/review");
+    prompt.requestReview();
+    center->respond({Kind::dismissed, {}});
+    EXPECT_TRUE(workspace->openedURLs().empty());
+    prompt.requestReview();
+    center->respond({Kind::action, "review"});
+    ASSERT_EQ(workspace->openedURLs().size(), 1u);
+    EXPECT_EQ(workspace->openedURLs()[0].absoluteString(), "https://example.org/review");
+}
+
+}  // namespace
+
+}  // namespace Platform
