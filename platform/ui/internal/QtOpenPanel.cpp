@@ -17,20 +17,6 @@ QFileDialog::FileMode modeOf(const OpenPanelRequest& request)
     return request.allowsMultipleSelection ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
 }
 
-// The desktop's own dialogs would ignore some of the settings, so it is always the toolkit's.
-QFileDialog* panelFor(const OpenPanelRequest& request, QWidget* parent)
-{
-    auto* panel = new QFileDialog(parent);
-    panel->setOption(QFileDialog::DontUseNativeDialog);
-    panel->setOption(QFileDialog::ReadOnly, !request.canCreateDirectories);
-    panel->setOption(QFileDialog::ShowDirsOnly, !request.canChooseFiles);
-    panel->setFileMode(modeOf(request));
-    panel->setAcceptMode(QFileDialog::AcceptOpen);
-    if (request.directory) panel->setDirectory(QString::fromStdString(request.directory->path()));
-    if (!request.prompt.empty()) panel->setLabelText(QFileDialog::Accept, QString::fromStdString(request.prompt));
-    return panel;
-}
-
 OpenPanelAnswer answerOf(const QFileDialog& panel)
 {
     OpenPanelAnswer answer;
@@ -44,6 +30,20 @@ OpenPanelAnswer answerOf(const QFileDialog& panel)
 
 }  // namespace
 
+// The desktop's own dialogs would ignore some of the settings, so it is always the toolkit's.
+std::unique_ptr<QFileDialog> makeOpenPanel(const OpenPanelRequest& request, QWidget* parent)
+{
+    auto panel = std::make_unique<QFileDialog>(parent);
+    panel->setOption(QFileDialog::DontUseNativeDialog);
+    panel->setOption(QFileDialog::ReadOnly, !request.canCreateDirectories);
+    panel->setOption(QFileDialog::ShowDirsOnly, !request.canChooseFiles);
+    panel->setFileMode(modeOf(request));
+    panel->setAcceptMode(QFileDialog::AcceptOpen);
+    if (request.directory) panel->setDirectory(QString::fromStdString(request.directory->path()));
+    if (!request.prompt.empty()) panel->setLabelText(QFileDialog::Accept, QString::fromStdString(request.prompt));
+    return panel;
+}
+
 void QtOpenPanel::beginSheet(const WindowRef& window, const OpenPanelRequest& request, Completion completion)
 {
     if (!DialogAudience::shared().isPresent()) {
@@ -51,7 +51,7 @@ void QtOpenPanel::beginSheet(const WindowRef& window, const OpenPanelRequest& re
         return RunLoop::main().post([completion = std::move(completion)] { completion({}); });
     }
     ensureWidgetApplication();
-    auto* panel = panelFor(request, WindowAccess::widget(window));
+    auto* panel = makeOpenPanel(request, WindowAccess::widget(window)).release();
     Platform::beginSheet(panel,
                          [panel, completion = std::move(completion)](QDialog&) { completion(answerOf(*panel)); });
 }

@@ -1,6 +1,11 @@
 #pragma once
 
+#include <memory>
+
 #include "platform/files/OpenPanel.h"
+
+class QFileDialog;
+class QWidget;
 
 namespace Platform {
 
@@ -10,5 +15,8 @@ class QtOpenPanel final : public OpenPanel {
 public:
     void beginSheet(const WindowRef& window, const OpenPanelRequest& request, Completion completion) override;
 };
+
+// The dialog that the request asks for, not shown yet.
+std::unique_ptr<QFileDialog> makeOpenPanel(const OpenPanelRequest& request, QWidget* parent);
 
 }  // namespace Platform

@@ -1,0 +1,161 @@
+#include <gtest/gtest.h>
+
+#include "Lorrel/presentation/ImageAttachment.h"
+#include "Lorrel/presentation/SideBar.h"
+#include "Lorrel/presentation/Storyboards.h"
+#include "Lorrel/presentation/TextUtilities.h"
+#include "Lorrel/presentation/Views.h"
+#include "platform/bundle/Bundle.h"
+#include "tests/fakes/CapturingLog.h"
+#include "tests/platform/ui/Pixels.h"
+#include "tests/support/TemporaryDirectory.h"
+
+using namespace Platform;
+using Lorrel::ImageAttachment;
+using Lorrel::TextUtilities;
+
+namespace {
+
+TEST(ImageAttachment, IsCentredOnTheCapitals)
+{
+    const struct {
+        double height, capHeight, y;
+    } cases[] = {{20, 11, -4.5}, {12, 12.5, 0.5}, {12.5, 12, -0.5}, {10, 10, 0}, {10, 10.4, 0}, {11, 10.6, 0}};
+    for (const auto& each : cases) {
+        EXPECT_EQ(ImageAttachment::bounds({7, each.height}, each.capHeight), Rect::of(0, each.y, 7, each.height));
+    }
+    const auto image = Tests::plainImage(3, 50, 0xff000000);
+    const Font font = Font::system(13);
+    const ImageAttachment attachment(image, font);
+    EXPECT_EQ(attachment.bounds(), ImageAttachment::bounds({3, 50}, font.capHeight()));
+    EXPECT_EQ(attachment.image(), image);
+    const ImageAttachment bare(image, std::nullopt);
+    EXPECT_EQ(bare.bounds(), Rect{});
+    EXPECT_EQ(bare.image(), image);
+    EXPECT_FALSE(ImageAttachment().image());
+    EXPECT_EQ(ImageAttachment(attachment.archive()).bounds(), attachment.bounds());
+}
+
+void expectLook(const TextAttributes& look, const Font& font, const Color& color, TextAlignment alignment)
+{
+    ASSERT_EQ(look.size(), 3u);
+    EXPECT_EQ(std::get<Font>(look.at("NSFont")), font);
+    EXPECT_EQ(std::get<Color>(look.at("NSColor")), color);
+    EXPECT_EQ(std::get<std::shared_ptr<ParagraphStyle>>(look.at("NSParagraphStyle"))->alignment, alignment);
+}
+
+TEST(TextUtilities, AttributesHaveExactlyThreeEntries)
+{
+    const Color color = Color::calibratedRGB(0.1, 0.2, 0.3), label = Color::labelColor();
+    const Font plain = Font::system(9), bold = Font::boldSystem(9), other = Font::named("DejaVu Serif", 5);
+    using enum TextAlignment;
+    expectLook(TextUtilities::attributes(color, right, 9), plain, color, right);
+    expectLook(TextUtilities::attributes(color, 9), plain, color, center);
+    expectLook(TextUtilities::attributes(left, color, true, 9), bold, color, left);
+    expectLook(TextUtilities::attributes(left, color, false, 9), plain, color, left);
+    expectLook(TextUtilities::attributes(justified, 9), plain, label, justified);
+    expectLook(TextUtilities::attributes(other, color, left), other, color, left);
+    expectLook(TextUtilities::attributes(other, color), other, color, center);
+    expectLook(TextUtilities::attributes(true, right, 9), bold, label, right);
+    expectLook(TextUtilities::attributes(9), plain, label, center);
+    const auto first = TextUtilities::attributes(9), second = TextUtilities::attributes(9);
+    EXPECT_NE(first, second);
+    EXPECT_EQ(*std::get<std::shared_ptr<ParagraphStyle>>(first.at("NSParagraphStyle")),
+              *std::get<std::shared_ptr<ParagraphStyle>>(second.at("NSParagraphStyle")));
+}
+
+TEST(TextUtilities, MeasureTextsAndNothing)
+{
+    const Font font = Font::system(15);
+    EXPECT_EQ(TextUtilities::size(std::nullopt, font, 100, 100), Size{});
+    EXPECT_EQ(TextUtilities::height(std::nullopt, font), 0);
+    EXPECT_EQ(TextUtilities::height("One\nTwo", font), 2 * TextUtilities::height("One", font));
+    EXPECT_LE(TextUtilities::size("many words in a row", font, 60, 0).width, 60);
+}
+
+TEST(TextUtilities, FlagMovesEveryCharacter)
+{
+    const struct {
+        std::string code, flag;
+    } cases[] = {
+        {"", ""},
+        {"DE", "\U0001F1E9\U0001F1EA"},
+        {"A", "\U0001F1E6"},
+        {"de", "\U0001F209\U0001F20A"},
+        {"\xc3\xa9", "\U0001F28E"},  // é
+        {"\xf4\x8f\xbf\xbf"
+         "A",
+         "\U0001F1E6"},               // leads out of Unicode
+        {"A\xff\xc3", "\U0001F1E6"},  // no UTF-8
+        {"\xed\xa0\x80", ""},         // half a surrogate
+    };
+    for (const auto& each : cases) EXPECT_EQ(TextUtilities::flag(each.code), each.flag) << each.code;
+}
+
+TEST(SideBar, GroupsKeepOrderAndRemoveByIdentity)
+{
+    Lorrel::SideBarGroup group("Folders");
+    const auto icon = Tests::plainImage(1, 1, 1);
+    group.addItem("Same", nullptr);
+    group.addItem("Same", icon, 42);
+    const auto item = std::make_shared<Lorrel::SideBarItem>("Other", icon);
+    group.add(item);
+    group.add(group.items()[0]);
+    group.add(item);
+    EXPECT_EQ(std::any_cast<int>(group.items()[1]->representedObject()), 42);
+    EXPECT_EQ(group.items()[1]->icon(), icon);
+    EXPECT_FALSE(item->representedObject().has_value());
+    group.remove(std::make_shared<Lorrel::SideBarItem>("Same", icon));
+    EXPECT_EQ(group.items().size(), 5u);
+    group.remove(group.items()[0]);
+    ASSERT_EQ(group.items().size(), 3u);
+    EXPECT_EQ(group.items()[0]->icon(), icon);
+    group.remove(item);
+    EXPECT_EQ(group.items().size(), 1u);
+    group.setTitle("New");
+    EXPECT_EQ(group.title(), "New");
+}
+
+struct MainController final : ViewController {};
+struct OtherController final : ViewController {};
+
+TEST(Storyboards, MakeControllersOfTheWantedType)
+{
+    Tests::TemporaryDirectory folder;
+    folder.write(
+        "A.app/Contents/Resources/Main.storyboard",
+        "# controllers\ninitial: main\nmain : MainController\r\nother: OtherController\nlost: Unknown\nnonsense\n");
+    folder.write("A.app/Contents/Resources/Empty.storyboard", "");
+    const Shared<Bundle>::Override bundle(Bundle::open(folder / "A.app"));
+    const Shared<ControllerClasses>::Override fresh;
+    ControllerClasses::shared().add<MainController>("MainController");
+    ControllerClasses::shared().add<OtherController>("OtherController");
+    const Tests::ReplacedLog log;
+    EXPECT_TRUE(Lorrel::instantiateInitialController("Main"));
+    EXPECT_TRUE(Lorrel::instantiateInitialController<MainController>("Main"));
+    EXPECT_FALSE(Lorrel::instantiateInitialController<OtherController>("Main"));
+    EXPECT_TRUE(Lorrel::instantiateController<OtherController>("Main", "other"));
+    EXPECT_NE(Lorrel::instantiateController("Main", "other"), Lorrel::instantiateController("Main", "other"));
+    EXPECT_FALSE(Lorrel::instantiateController<WindowController>("Main", "other"));
+    EXPECT_FALSE(Lorrel::instantiateController("Main", "lost"));
+    EXPECT_FALSE(Lorrel::instantiateController("Main", "absent"));
+    EXPECT_FALSE(Lorrel::instantiateInitialController("Empty"));
+    EXPECT_TRUE(log->messages().empty());
+    EXPECT_FALSE(Lorrel::instantiateInitialController("Missing"));
+    EXPECT_EQ(log->count("Missing"), 1u);
+}
+
+TEST(Views, CenterInTheirSuperview)
+{
+    const auto parent = std::make_shared<View>(Rect::of(0, 0, 100, 60)), child = std::make_shared<View>();
+    Lorrel::centerInSuperview(child, 20, 10);
+    EXPECT_TRUE(child->constraints().empty());
+    EXPECT_TRUE(child->translatesAutoresizingMaskIntoConstraints());
+    parent->addSubview(child);
+    Lorrel::centerInSuperview(child, 20, 10);
+    parent->layoutSubtreeIfNeeded();
+    EXPECT_EQ(child->frame(), Rect::of(40, 25, 20, 10));
+    EXPECT_EQ(parent->constraints().size() + child->constraints().size(), 4u);
+}
+
+}  // namespace
