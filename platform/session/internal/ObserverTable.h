@@ -29,7 +29,9 @@ public:
     void add(const NotificationName& name, ObserverAction action, Filter filter)
     {
         removeGone(name);
-        byName_[name.text()].push_back(std::make_shared<Registration>(std::move(action), std::move(filter)));
+        // Older clangs make no aggregate from arguments in parentheses, as make_shared would.
+        byName_[name.text()].push_back(
+            std::shared_ptr<Registration>(new Registration{std::move(action), std::move(filter)}));
     }
 
     void remove(const NotificationName& name, const std::shared_ptr<const void>& observer)
