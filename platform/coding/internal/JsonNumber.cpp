@@ -163,10 +163,40 @@ char* withFraction(char* start, char* end)
     return end + 2;
 }
 
+// Most numbers: up to 18 digits, perhaps a point among them, no exponent.
+std::optional<JsonNumber> plainNumber(std::string_view text)
+{
+    constexpr std::size_t mostDigits = 18;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    const bool isNegative = *at == '-';
+    at += isNegative ? 1 : 0;
+    const char* const first = at;
+    std::uint64_t digits = 0;
+    const auto takeDigits = [&] {
+        for (; at != end && static_cast<unsigned char>(*at - '0') < 10; ++at)
+            digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
+    };
+    takeDigits();
+    const std::ptrdiff_t whole = at - first;
+    if (whole == 0 || (whole > 1 && *first == '0') || text.size() > mostDigits) return std::nullopt;
+    if (at == end)
+        return JsonNumber::ofInteger(isNegative ? -static_cast<std::int64_t>(digits)
+                                                : static_cast<std::int64_t>(digits));
+    if (*at++ != '.') return std::nullopt;
+    const char* const fraction = at;
+    takeDigits();
+    if (at != end || at == fraction || digits > largestExactWhole) return std::nullopt;
+    const double value = static_cast<double>(digits) / powersOfTen[at - fraction];
+    return JsonNumber::ofReal(isNegative ? -value : value);
+}
+
 }  // namespace
 
 JsonNumber JsonNumber::parse(std::string_view text)
 {
+    if (text.empty()) return {.kind = Kind::malformed, .real = 0};
+    if (const auto plain = plainNumber(text)) return *plain;
     const auto token = scan(text);
     if (!token) return {.kind = Kind::malformed, .real = 0};
     if (token->fraction.empty()) {

@@ -27,7 +27,9 @@ std::string_view withoutByteOrderMark(std::string_view json)
 
 std::string_view withoutTrailingSpace(std::string_view token)
 {
-    return token.substr(0, token.find_last_not_of(" \t\n\r") + 1);
+    const auto isSpace = [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; };
+    while (!token.empty() && isSpace(token.back())) token.remove_suffix(1);
+    return token;
 }
 
 // One reading: the parser's tokens, converted here and fed to the sink. The
