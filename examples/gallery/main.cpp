@@ -106,6 +106,7 @@ ImageRef row(const std::string& appearance)
     const auto view = std::make_shared<VisualEffectView>(Rect::of(0, 0, 150, 40));
     view->setMaterial(VisualEffectView::Material::selection);
     view->setState(VisualEffectView::State::active);
+    view->setEmphasized(appearance == Appearance::aqua);
     view->setWantsLayer(true);
     view->layer()->setCornerRadius(6);
     view->layer()->setMasksToBounds(true);

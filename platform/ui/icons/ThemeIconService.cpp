@@ -2,11 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
+#include <map>
+#include <sstream>
 
 #include <sys/stat.h>
 
 #include "platform/bundle/Bundle.h"
 #include "platform/files/TypeIdentifier.h"
+#include "platform/runtime/Environment.h"
 #include "platform/ui/Image.h"
 #include "platform/ui/icons/DeviceIconNames.h"
 #include "platform/ui/icons/IconTheme.h"
@@ -45,13 +49,40 @@ ImageRef themed(const Names& names)
     });
 }
 
+using GenericIcons = std::map<std::string, std::string, std::less<>>;
+
+// Lines of "application/zip:package-x-generic" in the session's data folders, the first of a type counting.
+GenericIcons readGenericIcons()
+{
+    GenericIcons icons;
+    std::istringstream folders(Environment::shared().dataHome() + ":" +
+                               Environment::shared().variable("XDG_DATA_DIRS").value_or("") +
+                               ":/usr/local/share:/usr/share");
+    for (std::string folder, line; std::getline(folders, folder, ':');) {
+        std::ifstream file(folder + "/mime/generic-icons");
+        while (std::getline(file, line)) {
+            const std::size_t colon = line.find(':');
+            if (colon != std::string::npos) icons.emplace(line.substr(0, colon), line.substr(colon + 1));
+        }
+    }
+    return icons;
+}
+
+// What a type without an icon of its own is shown as: the type database's word, else by its first half.
+std::string genericIcon(const std::string& mime)
+{
+    static const GenericIcons icons = readGenericIcons();
+    const auto found = icons.find(mime);
+    return found != icons.end() ? found->second : mime.substr(0, mime.find('/')) + "-x-generic";
+}
+
 // "text/x-csrc": text-x-csrc, else any text, else any file.
 Names namesForMime(const std::string& mime)
 {
     if (mime == "inode/directory") return {"folder"};
     std::string own = mime;
     std::ranges::replace(own, '/', '-');
-    return {own, mime.substr(0, mime.find('/')) + "-x-generic", anyFile};
+    return {own, genericIcon(mime), anyFile};
 }
 
 long long changeTime(const std::string& path)

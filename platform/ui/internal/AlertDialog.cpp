@@ -16,6 +16,7 @@ namespace {
 
 constexpr double iconPoints = 38;
 constexpr int textWidth = 300;
+constexpr int buttonGap = 8;
 
 QString qtText(const std::string& text)
 {
@@ -38,7 +39,8 @@ QPixmap iconOf(AlertStyle style, double scale)
     const int side = int(std::lround(icon->size().width * scale));
     const auto pixels = icon->bitmap(side, side);
     if (!pixels) return {};
-    QPixmap pixmap = QPixmap::fromImage(imageView(*pixels));
+    // A view of pixels that end here: the pixmap needs its own.
+    QPixmap pixmap = QPixmap::fromImage(imageView(*pixels).copy());
     pixmap.setDevicePixelRatio(scale);
     return pixmap;
 }
@@ -93,6 +95,7 @@ void AlertDialog::addTextField(const AlertRequest::TextField& field, QGridLayout
 void AlertDialog::addButtons(const AlertRequest& request, QGridLayout& grid)
 {
     auto* row = new QHBoxLayout;
+    row->setSpacing(buttonGap);
     row->addStretch();
     int number = AlertAnswer::firstButton;
     for (const std::string& title : request.buttons) {
