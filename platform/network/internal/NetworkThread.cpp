@@ -30,28 +30,35 @@ std::shared_ptr<NetworkThread::Ticket> NetworkThread::submit(std::unique_ptr<Tra
     auto ticket = std::make_shared<Ticket>();
     ticket->transfer = std::move(transfer);
     ticket->completion = std::move(completion);
+    bool isIdle = false;
     {
         std::lock_guard lock(mutex_);
         submitted_.push_back(ticket);
+        isIdle = isIdle_;
     }
-    signal();
+    signal(isIdle);
     return ticket;
 }
 
 void NetworkThread::cancel(const std::shared_ptr<Ticket>& ticket)
 {
+    bool isIdle = false;
     {
         std::lock_guard lock(mutex_);
         ticket->isCancelled = true;
         hasCancelled_ = true;
+        isIdle = isIdle_;
     }
-    signal();
+    signal(isIdle);
 }
 
-void NetworkThread::signal()
+void NetworkThread::signal(bool isIdle)
 {
-    hasWork_.notify_one();
-    curl_multi_wakeup(multi_.get());
+    if (isIdle) {
+        hasWork_.notify_one();
+    } else {
+        curl_multi_wakeup(multi_.get());
+    }
 }
 
 void NetworkThread::run()
@@ -72,8 +79,10 @@ void NetworkThread::run()
 void NetworkThread::waitForWork()
 {
     std::unique_lock lock(mutex_);
-    const bool isIdle = active_.empty() && waiting_.empty();
-    if (isIdle) hasWork_.wait(lock, [&] { return !submitted_.empty(); });
+    if (!active_.empty() || !waiting_.empty()) return;
+    isIdle_ = true;
+    hasWork_.wait(lock, [&] { return !submitted_.empty(); });
+    isIdle_ = false;
 }
 
 void NetworkThread::takeSubmitted()
@@ -88,7 +97,7 @@ void NetworkThread::admit()
     while (!waiting_.empty() && active_.size() < mostActive) {
         auto ticket = std::move(waiting_.front());
         waiting_.pop_front();
-        ticket->easy.reset(curl_easy_init());
+        ticket->easy = takeHandle();
         ticket->transfer->prepare(ticket->easy.get(), std::chrono::steady_clock::now());
         active_.push_back(ticket);
         curl_multi_add_handle(multi_.get(), ticket->easy.get());
@@ -100,9 +109,27 @@ void NetworkThread::end(std::list<std::shared_ptr<Ticket>>::iterator place, Fetc
     const std::shared_ptr<Ticket> ticket = std::move(*place);
     active_.erase(place);
     curl_multi_remove_handle(multi_.get(), ticket->easy.get());
-    ticket->easy.reset();
+    giveBack(std::move(ticket->easy));
     ticket->transfer.reset();
     std::exchange(ticket->completion, nullptr)(std::move(outcome));
+}
+
+EasyHandle NetworkThread::takeHandle()
+{
+    if (idleHandles_.empty()) return EasyHandle(curl_easy_init());
+    EasyHandle handle = std::move(idleHandles_.back());
+    idleHandles_.pop_back();
+    return handle;
+}
+
+// Without anything of the session that it served.
+void NetworkThread::giveBack(EasyHandle handle)
+{
+    constexpr std::size_t mostIdle = 16;
+    if (idleHandles_.size() >= mostIdle) return;
+    curl_easy_setopt(handle.get(), CURLOPT_SHARE, nullptr);
+    curl_easy_reset(handle.get());
+    idleHandles_.push_back(std::move(handle));
 }
 
 void NetworkThread::dropCancelled()

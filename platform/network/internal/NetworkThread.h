@@ -48,17 +48,21 @@ private:
     void expire();
     int millisecondsToDeadline() const;
     void end(std::list<std::shared_ptr<Ticket>>::iterator place, FetchOutcome outcome);
-    void signal();
+    void signal(bool isIdle);
+    EasyHandle takeHandle();
+    void giveBack(EasyHandle handle);
 
     std::mutex mutex_;
     std::condition_variable hasWork_;
     std::vector<std::shared_ptr<Ticket>> submitted_;
     bool hasCancelled_ = false;
+    bool isIdle_ = false;  // it waits for the condition, not for the network
 
     // The thread's own.
     MultiHandle multi_;
     std::deque<std::shared_ptr<Ticket>> waiting_;
     std::list<std::shared_ptr<Ticket>> active_;
+    std::vector<EasyHandle> idleHandles_;
 };
 
 }  // namespace Platform
