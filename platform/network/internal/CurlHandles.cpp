@@ -8,6 +8,13 @@ void startCurl()
     static_cast<void>(started);
 }
 
+void forgetSession(CURL* easy)
+{
+    curl_easy_setopt(easy, CURLOPT_COOKIEFILE, nullptr);  // the reset would leak its list
+    curl_easy_setopt(easy, CURLOPT_SHARE, nullptr);
+    curl_easy_reset(easy);
+}
+
 void append(HeaderList& list, const std::string& line)
 {
     curl_slist* longer = curl_slist_append(list.get(), line.c_str());

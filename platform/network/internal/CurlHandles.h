@@ -27,6 +27,9 @@ using HeaderList = std::unique_ptr<curl_slist, CurlDeleter<curl_slist_free_all>>
 // Prepares the library once for the process; before any handle is made.
 void startCurl();
 
+// Takes a handle's settings and its session's cookies from it; connections stay.
+void forgetSession(CURL* easy);
+
 // The list with one line more; a list that could not grow is unchanged.
 void append(HeaderList& list, const std::string& line);
 

@@ -127,8 +127,7 @@ void NetworkThread::giveBack(EasyHandle handle)
 {
     constexpr std::size_t mostIdle = 16;
     if (idleHandles_.size() >= mostIdle) return;
-    curl_easy_setopt(handle.get(), CURLOPT_SHARE, nullptr);
-    curl_easy_reset(handle.get());
+    forgetSession(handle.get());
     idleHandles_.push_back(std::move(handle));
 }
 

@@ -48,7 +48,7 @@ FetchOutcome PlainLine::perform(Transfer& transfer)
     curl_multi_add_handle(multi_.get(), easy_.get());
     FetchOutcome outcome = waitFor(transfer);
     curl_multi_remove_handle(multi_.get(), easy_.get());
-    curl_easy_reset(easy_.get());
+    forgetSession(easy_.get());
     return outcome;
 }
 

@@ -61,6 +61,7 @@ void Transfer::prepare(CURL* easy, Instant now)
     set(easy, CURLOPT_NOSIGNAL, 1L);
     set(easy, CURLOPT_QUICK_EXIT, 1L);
     set(easy, CURLOPT_CONNECTTIMEOUT_MS, 24L * 60 * 60 * 1000);  // ours is the deadline that counts
+    set(easy, CURLOPT_COOKIEFILE, "");                           // takes cookies, from no file
     set(easy, CURLOPT_ERRORBUFFER, message_.data());
     set(easy, CURLOPT_HEADERFUNCTION, &Transfer::onHeader);
     set(easy, CURLOPT_HEADERDATA, this);
