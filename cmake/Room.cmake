@@ -9,11 +9,13 @@ function(pellora_add_rooms)
   endforeach()
 endfunction()
 
-# pellora_room(<target> [FOLDERS <dir>...] [LINKS <public>...] [SYSTEM <system library>...])
+# pellora_room(<target> [SMALL] [FOLDERS <dir>...] [LINKS <public>...] [SYSTEM <system library>...])
 # One static library from the .cpp files of its folders (default: the current one).
 # LINKS are rooms whose headers ours include; SYSTEM libraries stay private.
+# SMALL rooms wait for the kernel or the bus and are part of programs that stay
+# all day: they are compiled for size, which also spares page faults at the start.
 function(pellora_room target)
-  cmake_parse_arguments(ROOM "" "" "FOLDERS;LINKS;SYSTEM" ${ARGN})
+  cmake_parse_arguments(ROOM "SMALL" "" "FOLDERS;LINKS;SYSTEM" ${ARGN})
   if(NOT ROOM_FOLDERS)
     set(ROOM_FOLDERS .)
   endif()
@@ -29,6 +31,9 @@ function(pellora_room target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC ${ROOM_LINKS} PRIVATE ${ROOM_SYSTEM} "$<BUILD_INTERFACE:pellora_settings>")
   set_target_properties(${target} PROPERTIES PELLORA_SYSTEM "${ROOM_SYSTEM}")
+  if(ROOM_SMALL)
+    target_compile_options(${target} PRIVATE ${PELLORA_FOR_SIZE})
+  endif()
   set_property(GLOBAL APPEND PROPERTY PELLORA_ROOMS ${target})
 endfunction()
 

@@ -12,6 +12,7 @@ target_link_options(pellora_settings INTERFACE -Wl,--as-needed)
 set(released "$<CONFIG:Release,RelWithDebInfo,MinSizeRel>")
 target_compile_options(pellora_settings INTERFACE "$<${released}:-ffunction-sections;-fdata-sections>")
 target_link_options(pellora_settings INTERFACE "$<${released}:-Wl,--gc-sections>")
+set(PELLORA_FOR_SIZE "$<${released}:-Os>")
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 reports std::optional and std::variant members as maybe uninitialised
   # once inlined under sanitizers; the sanitizers themselves look for the real thing.

@@ -30,7 +30,7 @@ struct Report {
 };
 
 // All that the child needs, made before the fork: between fork and exec only
-// async-signal-safe calls are allowed.
+// async-signal-safe calls are allowed. The child changes none of it.
 struct Preparation {
     const char* executable;
     std::vector<char*> arguments;
@@ -76,8 +76,27 @@ void resetSignals()
     ::_exit(127);
 }
 
+// All signals held back. A child that shares our memory must not run our handlers.
+class SignalsHeld {
+public:
+    SignalsHeld()
+    {
+        sigset_t all;
+        ::sigfillset(&all);
+        ::pthread_sigmask(SIG_SETMASK, &all, &previous_);
+    }
+    ~SignalsHeld() { ::pthread_sigmask(SIG_SETMASK, &previous_, nullptr); }
+    SignalsHeld(const SignalsHeld&) = delete;
+    SignalsHeld& operator=(const SignalsHeld&) = delete;
+
+private:
+    sigset_t previous_{};
+};
+
 // The child: leaves the session and starts the program as its own child, which
-// this one's end hands to the session's first process.
+// this one's end hands to the session's first process. It shares our memory,
+// which spares a copy, and we wait for its end; the program's process has a
+// copy of its own, so that we do not wait for its execution without deadline.
 [[noreturn]] void startAndLeave(const Preparation& prepared)
 {
     ::setsid();
@@ -85,6 +104,14 @@ void resetSignals()
     if (process == 0) execute(prepared);
     report(prepared.reports, {process, process < 0 ? errno : 0});
     ::_exit(0);
+}
+
+pid_t startChild(const Preparation& prepared)
+{
+    const SignalsHeld held;
+    const pid_t child = ::vfork();
+    if (child == 0) startAndLeave(prepared);
+    return child;
 }
 
 // Above the standard streams, where the child's dup2 cannot meet it.
@@ -151,9 +178,8 @@ Result<pid_t> startDetached(const DetachedProgram& program)
     const Preparation prepared{program.executable.c_str(), argumentList(program), input.get(), output.get(),
                                reporter.get()};
 
-    const pid_t child = ::fork();
-    if (child == 0) startAndLeave(prepared);
-    if (child < 0) return Error::fromErrno("fork", program.executable, errno);
+    const pid_t child = startChild(prepared);
+    if (child < 0) return Error::fromErrno("vfork", program.executable, errno);
     reporter.reset();
     const Report result = outcome(reports.get());
     takeStatus(child);

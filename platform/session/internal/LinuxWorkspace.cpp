@@ -67,19 +67,20 @@ bool LinuxWorkspace::hasIdentifier(pid_t process, std::string_view bundleIdentif
 
 std::vector<RunningApplication> LinuxWorkspace::runningApplications()
 {
+    const auto isEarlier = [](const RunningApplication& a, const RunningApplication& b) {
+        return std::tuple(a.startTime(), a.processIdentifier()) < std::tuple(b.startTime(), b.processIdentifier());
+    };
     std::vector<RunningApplication> applications;
     const std::lock_guard lock(mutex_);
     processes_.anyProcess([&](pid_t process) {
         const auto found = candidate(process);
         const auto start = found ? processes_.startTime(process) : std::nullopt;
         if (!start) return false;
-        applications.emplace_back(process, *start, found->facts->bundleIdentifier,
-                                  Url::fromPath(found->bundlePath, true),
-                                  Url::fromPath(found->facts->executable, false));
+        RunningApplication one(process, *start, found->facts->bundleIdentifier, Url::fromPath(found->bundlePath, true),
+                               Url::fromPath(found->facts->executable, false));
+        // Nearly always at the end: later processes mostly have higher numbers.
+        applications.insert(std::ranges::upper_bound(applications, one, isEarlier), std::move(one));
         return false;
-    });
-    std::sort(applications.begin(), applications.end(), [](const auto& a, const auto& b) {
-        return std::tuple(a.startTime(), a.processIdentifier()) < std::tuple(b.startTime(), b.processIdentifier());
     });
     return applications;
 }
@@ -140,10 +141,9 @@ Result<RunningApplication> LinuxWorkspace::openApplication(const Url& applicatio
         if (!found) return notAnApplication(application);
         facts = *found;
     }
-    if (auto running = runningOf(*facts, bundle)) return std::move(*running);
-
     // Held until the program executes, and so is listed as running: the started
-    // process inherits the lock and closes it by executing.
+    // process inherits the lock and closes it by executing. Who runs is asked
+    // under the lock only: an answer from before would have to be asked again.
     const auto lock = takeOpenLock(facts->bundleIdentifier.value_or(bundle.path()));
     if (!lock) return lock.error();
     if (auto running = runningOf(*facts, bundle)) return std::move(*running);
