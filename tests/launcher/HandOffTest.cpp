@@ -110,6 +110,12 @@ TEST_F(HandOffTest, TwoLaunchersAtOnceStartOneApplication)
     for (int round = 0; round < 5; ++round) {
         auto one = launcher();
         auto other = launcher();
+        ASSERT_TRUE(eventually([&] { return applicationCount() == 1; }));
+        // One that registers only after the application's own "killme" waits for the next.
+        EXPECT_TRUE(eventually([&] {
+            post(app);
+            return one.hasEnded() && other.hasEnded();
+        }));
         EXPECT_EQ(one.wait(), 0);
         EXPECT_EQ(other.wait(), 0);
         EXPECT_EQ(applicationCount(), 1u);
