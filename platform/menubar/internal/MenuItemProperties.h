@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/menubar/MenuItem.h"
+#include "platform/menubar/internal/BusObject.h"
+
+namespace Platform {
+
+// What the menu's readers are told of an item: only what is not the default.
+std::vector<BusObject::Property> propertiesOf(const MenuItem& item);
+// The names of all of those that may be there.
+const std::vector<std::string>& menuPropertyNames();
+
+// The key of a shortcut as the menu's readers call it: "F1", "space", "a";
+// empty for none.
+std::string shortcutKeyName(const std::string& keyEquivalent);
+
+}  // namespace Platform
