@@ -23,7 +23,7 @@ bool Menu::isMenuBarVisible()
 
 void Menu::insertItem(const MenuItemRef& item, std::size_t index)
 {
-    if (!item) return;
+    if (!item || (item->submenu() && liesIn(*item->submenu()))) return;
     if (const MenuRef former = item->menu()) former->removeItem(item);
     items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(std::min(index, items_.size())), item);
     item->menu_ = weak_from_this();
@@ -67,6 +67,14 @@ Subscription Menu::observe(std::function<void(MenuItem*)> observer)
             std::erase_if(self->observers_, [number](const auto& each) { return each.first == number; });
         }
     });
+}
+
+bool Menu::liesIn(const Menu& menu) const
+{
+    if (this == &menu) return true;
+    const MenuItemRef above = superitem_.lock();
+    const MenuRef parent = above ? above->menu() : nullptr;
+    return parent && parent->liesIn(menu);
 }
 
 // Those who show a menu show what lies below it, too.

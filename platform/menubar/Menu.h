@@ -30,7 +30,8 @@ public:
     static bool isMenuBarVisible();
 
     const std::vector<MenuItemRef>& items() const { return items_; }
-    // An item leaves the menu that it was in. An index beyond the end means the end.
+    // An item leaves the menu that it was in; one that this menu hangs below is
+    // not taken. An index beyond the end means the end.
     void addItem(const MenuItemRef& item) { insertItem(item, items_.size()); }
     void insertItem(const MenuItemRef& item, std::size_t index);
     void removeItem(const MenuItemRef& item);
@@ -57,6 +58,8 @@ private:
     friend class MenuItem;
     Menu() = default;
     void tell(MenuItem* item);
+    // Whether it is the menu itself or hangs below it.
+    bool liesIn(const Menu& menu) const;
 
     std::vector<MenuItemRef> items_;
     std::weak_ptr<MenuItem> superitem_;

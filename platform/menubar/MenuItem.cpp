@@ -47,6 +47,7 @@ void MenuItem::performAction()
 
 void MenuItem::setSubmenu(const MenuRef& submenu)
 {
+    if (const MenuRef holder = menu(); submenu && holder && holder->liesIn(*submenu)) return;
     if (submenu_) submenu_->superitem_.reset();
     submenu_ = submenu;
     if (submenu_) submenu_->superitem_ = weak_from_this();

@@ -57,6 +57,7 @@ public:
     // Null outside a menu.
     MenuRef menu() const { return menu_.lock(); }
     const MenuRef& submenu() const { return submenu_; }
+    // Not a menu that the item itself lies in, however deep.
     void setSubmenu(const MenuRef& submenu);
     // Shown in place of title and image.
     const ViewRef& view() const { return view_; }

@@ -16,6 +16,8 @@ constexpr double largestSide = 1024;
 
 Bitmap drawn(View& button)
 {
+    // Constraints of its own, where it has some, overrule what the content asks for.
+    button.setFrame({{}, button.intrinsicContentSize()});
     button.layoutSubtreeIfNeeded();
     const Size size{std::min(button.frame().size.width, largestSide),
                     std::min(button.frame().size.height, largestSide)};

@@ -129,7 +129,6 @@ std::vector<BusObject::Property> MenuExport::properties(int number, const Names&
     return all;
 }
 
-// A menu that lies in itself ends somewhere.
 void MenuExport::appendLayout(sd_bus_message* answer, int number, int depth, const Names& names)
 {
     sd_bus_message_open_container(answer, 'r', layoutType);

@@ -157,8 +157,9 @@ const ItemSnapshot& StatusItemPresentation::snapshot()
 
 bool StatusItemPresentation::publish()
 {
-    if (!item_ || !isShown_ || isCurrent_) return false;
-    const ItemSnapshot former = snapshot_.value_or(ItemSnapshot());
+    const bool hasBeenRead = snapshot_.has_value();  // who has not looked yet will see what is new then
+    if (!item_ || !isShown_ || !hasBeenRead || isCurrent_) return false;
+    const ItemSnapshot former = *snapshot_;
     const ItemSnapshot& present = snapshot();
     if (former == present) return false;
     emitChanges(former, present);

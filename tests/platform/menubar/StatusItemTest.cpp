@@ -1,0 +1,273 @@
+#include <algorithm>
+
+#include <gtest/gtest.h>
+#include <malloc.h>
+
+#include "platform/menubar/StatusBar.h"
+#include "platform/ui/Image.h"
+#include "tests/fakes/VirtualClock.h"
+#include "tests/support/PrivateBus.h"
+#include "tests/support/TrayHost.h"
+
+namespace {
+
+using namespace Platform;
+using Tests::eventually;
+using Tests::TrayHost;
+using Strings = std::vector<std::string>;
+
+ImageRef square(double side, const Color& color)
+{
+    return std::make_shared<Image>(Size{side, side}, [color](GraphicsContext& context) {
+        context.setFillColor(color);
+        context.fill({{}, context.size()}, CompositingOperation::copy);
+    });
+}
+
+class Clicked : public Responder {
+public:
+    void click(ActionSender& sender)
+    {
+        tags.push_back(sender.tag());
+        if (then) then();
+    }
+    std::vector<long> tags;
+    std::function<void()> then;
+};
+
+class StatusItemTest : public testing::Test {
+protected:
+    bool isShown()
+    {
+        return eventually([] { return StatusBar::system().isShown(); });
+    }
+    // What is there to be told, and only that.
+    Strings told(TrayHost& host, const char* last)
+    {
+        EXPECT_TRUE(eventually([&] {
+            return std::ranges::any_of(host.signals, [&](const auto& each) { return each.starts_with(last); });
+        })) << last;
+        host.text("Id");  // later than all that was sent before it
+        return std::exchange(host.signals, {});
+    }
+
+    Tests::PrivateBus bus;
+    StatusItemRef item = StatusBar::system().statusItem(StatusItem::variableLength);
+};
+
+TEST_F(StatusItemTest, AppearsWhenTheHostStartsLateAndAgainAfterEachOfTwentyRestarts)
+{
+    item->button()->setTitle("42 %");
+    RunLoop::current().drain();
+    for (int round = 0; round < 20; ++round) {
+        TrayHost host;
+        ASSERT_TRUE(eventually([&] { return host.registrations == 1; }, std::chrono::seconds(1))) << round;
+        ASSERT_TRUE(isShown());
+        EXPECT_EQ(host.text("Title"), "42 %");
+    }
+    EXPECT_TRUE(eventually([] { return !Menu::isMenuBarVisible(); }));
+}
+
+TEST_F(StatusItemTest, OutlivesASilentHostAndARestartOfTheBus)
+{
+    {
+        TrayHost silent(false);
+        ASSERT_TRUE(silent.waitForItem());
+        item->button()->setTitle("changed meanwhile");
+        EXPECT_EQ(silent.text("Title"), "changed meanwhile");
+        EXPECT_FALSE(StatusBar::system().isShown());
+    }
+    bus.stop();
+    RunLoop::current().drain();
+    bus.start();
+    TrayHost host;
+    EXPECT_TRUE(host.waitForItem());
+    EXPECT_TRUE(isShown());
+}
+
+TEST_F(StatusItemTest, TellsTheHostEverythingOfItself)
+{
+    item->setToolTip("tip\xFF");
+    item->setAccessibilityText("load");
+    item->button()->setImage(square(22, Color::deviceRGB(1, 0.5, 0, 0.5)));
+    TrayHost host;
+    ASSERT_TRUE(host.waitForItem());
+
+    EXPECT_EQ(host.text("Category"), "ApplicationStatus");
+    EXPECT_EQ(host.text("Status"), "Active");
+    EXPECT_EQ(host.text("IconAccessibleDesc"), "load");
+    EXPECT_FALSE(host.truth("ItemIsMenu"));
+    auto tip = host.property("ToolTip", "(sa(iiay)ss)");
+    const char *icon = nullptr, *title = nullptr;
+    ASSERT_GT(sd_bus_message_enter_container(tip.get(), 'r', "sa(iiay)ss"), 0);
+    sd_bus_message_read(tip.get(), "s", &icon);
+    sd_bus_message_skip(tip.get(), "a(iiay)");
+    sd_bus_message_read(tip.get(), "s", &title);
+    EXPECT_STREQ(title, "tip\uFFFD");
+
+    const auto pixmap = host.pixmap();
+    ASSERT_EQ(pixmap.width, 22);
+    ASSERT_EQ(pixmap.height, 22);
+    EXPECT_EQ(pixmap.pixels.at(11 * 22 + 11) >> 8, 0x80FF80U) << "not premultiplied";
+
+    for (const auto& call : {"Get", "Activate", "Scroll", "Nonsense"}) {
+        EXPECT_FALSE(host.callItem(call, "s", "x")) << call;
+        EXPECT_FALSE(host.lastError.empty()) << call;
+    }
+    const auto xml =
+        host.request(host.item.c_str(), "/StatusNotifierItem", "org.freedesktop.DBus.Introspectable", "Introspect");
+    EXPECT_NE(TrayHost::Message(xml).readText()->find("<property name='IconPixmap' type='a(iiay)'"), std::string::npos);
+}
+
+TEST_F(StatusItemTest, SizesFollowContentLengthAndConstraints)
+{
+    TrayHost host;
+    ASSERT_TRUE(host.waitForItem());
+    const auto width = [&] { return host.pixmap().width; };
+    EXPECT_EQ(width(), 22);
+    item->button()->setImage(square(30, Color::black()));
+    EXPECT_EQ(width(), 30);
+    item->setLength(50);
+    EXPECT_EQ(width(), 50);
+    item->setLength(StatusItem::squareLength);
+    EXPECT_EQ(width(), 22);
+    item->button()->widthAnchor().constraintEqualToConstant(64)->setActive(true);
+    EXPECT_EQ(width(), 64);
+}
+
+TEST_F(StatusItemTest, FirstChangeGoesOutAtOnceLaterOnesMergeAndNothingGoesOutTwice)
+{
+    TrayHost host;
+    ASSERT_TRUE(host.waitForItem() && isShown());
+    host.pixmap();
+    Tests::ReplacedClock clock;
+    clock->advance(1);
+
+    item->setAccessibilityText("first");
+    EXPECT_EQ(told(host, "NewIcon"), (Strings{"NewIcon"}));
+    for (int step = 0; step < 10; ++step) {
+        item->setAccessibilityText(std::to_string(step));
+        RunLoop::current().drain();
+    }
+    host.text("Category");
+    EXPECT_EQ(host.signals, Strings{});
+    clock->advance(0.1);
+    item->setVisible(false);
+    EXPECT_EQ(told(host, "NewStatus"), (Strings{"NewIcon", "NewStatus Passive"}));
+    EXPECT_EQ(host.text("IconAccessibleDesc"), "9");
+
+    clock->advance(1);
+    item->setAccessibilityText("9");
+    item->button()->setNeedsDisplay(true);
+    RunLoop::current().drain();
+    clock->advance(1);
+    host.text("Id");
+    EXPECT_EQ(host.signals, Strings{});
+    clock->advance(3600);
+    RunLoop::current().drain();
+    EXPECT_EQ(RunLoop::current().drain(), 0U) << "an idle item waits for nothing";
+}
+
+TEST_F(StatusItemTest, HundredThousandUpdatesLeakNothing)
+{
+    TrayHost host;
+    ASSERT_TRUE(host.waitForItem() && isShown());
+    Tests::ReplacedClock clock;
+    const auto update = [&](int count) {
+        for (int step = 0; step < count; ++step) {
+            item->setToolTip(std::to_string(step % 7));
+            item->button()->setImage(square(22, Color::calibratedWhite(step % 3 / 2.0)));
+            if (step % 100 == 0) {
+                clock->advance(0.2);
+                host.text("ToolTip");
+                host.signals.clear();
+            }
+        }
+        RunLoop::current().drain();
+        return mallinfo2().uordblks;
+    };
+    const auto before = update(2'000);
+    const auto after = update(100'000);
+    EXPECT_LT(after, before + 64 * 1024);
+}
+
+TEST_F(StatusItemTest, ClicksReachTargetAndActionUnlessThereIsAMenu)
+{
+    const auto target = std::make_shared<Clicked>();
+    item->button()->setTarget(target);
+    item->button()->setAction(&Clicked::click);
+    item->button()->setTag(7);
+    Strings others;
+    item->setMiddleClickHandler([&] { others.push_back("middle"); });
+    item->setScrollHandler([&](int delta, bool isHorizontal) {
+        others.push_back(std::to_string(delta) + (isHorizontal ? " across" : " up"));
+    });
+    TrayHost host;
+    ASSERT_TRUE(host.waitForItem());
+
+    EXPECT_TRUE(host.callItem("Activate", "ii", 1, 2));
+    host.callItem("SecondaryActivate", "ii", 1, 2);
+    host.callItem("Scroll", "is", -120, "vertical");
+    host.callItem("Scroll", "is", 15, "horizontal");
+    RunLoop::current().drain();
+    EXPECT_EQ(target->tags, (std::vector<long>{7}));
+    EXPECT_EQ(others, (Strings{"middle", "-120 up", "15 across"}));
+
+    item->setMenu(Menu::create());
+    EXPECT_TRUE(host.truth("ItemIsMenu"));
+    host.callItem("Activate", "ii", 1, 2);
+    RunLoop::current().drain();
+    EXPECT_EQ(target->tags.size(), 1U);
+}
+
+TEST_F(StatusItemTest, MayEndInItsOwnActionAndLeavesTheBarAtOnce)
+{
+    const auto target = std::make_shared<Clicked>();
+    target->then = [&] { item = nullptr; };
+    item->button()->setTarget(target);
+    item->button()->setAction(&Clicked::click);
+    TrayHost host;
+    ASSERT_TRUE(host.waitForItem() && isShown());
+    host.callItem("Activate", "ii", 0, 0);
+    EXPECT_TRUE(eventually([&] { return !item; }));
+    EXPECT_FALSE(host.property("Title", "s")) << "its connection is gone";
+    EXPECT_TRUE(StatusBar::system().items().empty());
+}
+
+TEST_F(StatusItemTest, RemovedFromTheBarItWorksOnUnseen)
+{
+    TrayHost host;
+    ASSERT_TRUE(host.waitForItem() && isShown());
+    StatusBar::system().removeStatusItem(item);
+    StatusBar::system().removeStatusItem(item);
+    item->button()->setTitle("unseen");
+    item->setMenu(Menu::create());
+    EXPECT_FALSE(host.property("Title", "s"));
+    EXPECT_FALSE(Menu::isMenuBarVisible());
+}
+
+TEST_F(StatusItemTest, ObserversHearChangesOnlyAndMayEndEachOther)
+{
+    using namespace KeyValueOptions;
+    Strings calls;
+    Subscription second;
+    const auto first = item->observe("isVisible", newValue | oldValue, [&](std::string_view path, const auto& change) {
+        calls.push_back(std::string(path) + (std::get<bool>(*change.newValue) ? " on" : " off"));
+        second.cancel();
+    });
+    second = item->observe("isVisible", 0, [&](auto, const auto&) { calls.push_back("second"); });
+    const auto look = item->observe("button.effectiveAppearance", newValue | initial,
+                                    [&](std::string_view, const KeyValueChange& change) {
+                                        calls.push_back(std::get<Appearance>(*change.newValue).name());
+                                    });
+    const auto other = item->observe("length", newValue | initial, [&](auto, const auto& change) {
+        calls.push_back(change.newValue ? "value" : "nothing");
+    });
+
+    for (const bool visible : {true, false, false, true}) item->setVisible(visible);
+    item->button()->setAppearance(Appearance(Appearance::darkAqua));
+    item->button()->setAppearance(Appearance(Appearance::darkAqua));
+    EXPECT_EQ(calls, (Strings{Appearance::aqua, "nothing", "isVisible off", "isVisible on", Appearance::darkAqua}));
+}
+
+}  // namespace
