@@ -129,8 +129,8 @@ double least(const std::vector<double>& times)
 void settle(benchmark::internal::Benchmark* one)
 {
     one->Unit(benchmark::kMillisecond)
-        ->Repetitions(20)
-        ->MinTime(0.05)
+        ->Repetitions(60)
+        ->MinTime(0.01)
         ->ReportAggregatesOnly()
         ->ComputeStatistics("least", least);
 }

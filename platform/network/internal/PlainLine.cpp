@@ -15,9 +15,6 @@ class WithoutBrokenPipe {
 public:
     WithoutBrokenPipe()
     {
-        sigset_t pending;
-        sigpending(&pending);
-        wasPending_ = sigismember(&pending, SIGPIPE) == 1;
         sigemptyset(&pipe_);
         sigaddset(&pipe_, SIGPIPE);
         pthread_sigmask(SIG_BLOCK, &pipe_, &before_);
@@ -26,15 +23,15 @@ public:
     WithoutBrokenPipe& operator=(const WithoutBrokenPipe&) = delete;
     ~WithoutBrokenPipe()
     {
+        if (sigismember(&before_, SIGPIPE) == 1) return;  // the caller's own to take
         constexpr timespec atOnce{};
-        if (!wasPending_) sigtimedwait(&pipe_, nullptr, &atOnce);
+        sigtimedwait(&pipe_, nullptr, &atOnce);
         pthread_sigmask(SIG_SETMASK, &before_, nullptr);
     }
 
 private:
     sigset_t pipe_{};
     sigset_t before_{};
-    bool wasPending_ = false;
 };
 
 }  // namespace
