@@ -31,6 +31,15 @@ public:
     // the instance can be kept until then. Thread: any; free of locks.
     static unsigned generation() { return generation_.load(std::memory_order_acquire); }
 
+    // Puts an instance into the slot for the rest of the program, in place of
+    // the factory's: a service that a program links on top.
+    static void install(std::shared_ptr<X> instance)
+    {
+        Slot& slot = theSlot();
+        std::lock_guard lock(slot.mutex);
+        std::swap(slot.current, instance);
+    }
+
     // Puts another instance into the slot for a scope. Without an instance the
     // slot starts afresh: the next get() makes a new one.
     class [[nodiscard]] Override {

@@ -6,23 +6,15 @@
 #include "platform/ui/internal/QtOpenPanel.h"
 
 namespace Platform {
-namespace {
-
-// An override that never ends.
-template <typename Port, typename Adapter>
-void install()
-{
-    static auto& forEver = *new typename Shared<Port>::Override(std::make_shared<Adapter>());
-    static_cast<void>(forEver);
-}
-
-}  // namespace
-
 void installDesktop()
 {
-    install<IconService, ThemeIconService>();
-    install<OpenPanel, QtOpenPanel>();
-    install<DesktopAppearance, PortalAppearance>();
+    static const bool isInstalled = [] {
+        Shared<IconService>::install(std::make_shared<ThemeIconService>());
+        Shared<OpenPanel>::install(std::make_shared<QtOpenPanel>());
+        Shared<DesktopAppearance>::install(std::make_shared<PortalAppearance>());
+        return true;
+    }();
+    static_cast<void>(isInstalled);
 }
 
 }  // namespace Platform
