@@ -34,8 +34,9 @@ list(REMOVE_ITEM platform_folders ${desktop_folders} platform/bus)  # the bus is
 pellora_install_headers(libfennick-dev ${platform_folders} Fennick)
 pellora_install_headers(liblorrel-dev ${desktop_folders} Lorrel)
 
+set(PELLORA_RESOURCES "${CMAKE_INSTALL_DATADIR}/pellora")
 configure_package_config_file(cmake/PelloraConfig.cmake.in "${PROJECT_BINARY_DIR}/PelloraConfig.cmake"
-  INSTALL_DESTINATION "${config_dir}")
+  INSTALL_DESTINATION "${config_dir}" PATH_VARS PELLORA_RESOURCES)
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/PelloraConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/PelloraConfig.cmake" "${PROJECT_BINARY_DIR}/PelloraConfigVersion.cmake"
   cmake/Dependencies.cmake DESTINATION "${config_dir}" COMPONENT libfennick-dev)
