@@ -141,11 +141,15 @@ char* writeFewDecimals(double magnitude, char* to)
         const double scaled = magnitude * powersOfTen[decimals];
         if (!(scaled < largest)) return nullptr;
         const auto digits = static_cast<std::uint64_t>(scaled + 0.5);
-        if (static_cast<double>(digits) / powersOfTen[decimals] != magnitude) continue;
+        const auto rounded = static_cast<double>(digits);
+        // The product is off by half a unit at most; the division proves the rest.
+        if (std::fabs(scaled - rounded) > scaled * 1e-15) continue;
+        if (rounded / powersOfTen[decimals] != magnitude) continue;
+        const auto whole = static_cast<std::uint64_t>(magnitude);
         const auto power = static_cast<std::uint64_t>(powersOfTen[decimals]);
-        to = std::to_chars(to, to + 20, digits / power).ptr;
+        to = std::to_chars(to, to + 20, whole).ptr;
         *to = '.';
-        std::uint64_t fraction = digits % power;
+        std::uint64_t fraction = digits - whole * power;
         for (int place = decimals; place > 0; --place, fraction /= 10)
             to[place] = static_cast<char>('0' + fraction % 10);
         return to + decimals + 1;

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <new>
 
 #include "platform/coding/internal/ByteScan.h"
 #include "platform/coding/internal/JsonNumber.h"
@@ -23,17 +24,19 @@ constexpr std::size_t longestEscape = 6;
 JsonWriter::JsonWriter(const JSONEncoder& options, std::string& target)
     : target_(target), dateStrategy_(options.dateStrategy), isPretty_(options.format == JSONEncoder::Format::pretty)
 {
-    target_.resize(target_.capacity());
-    cursor_ = target_.data();
-    end_ = cursor_ + target_.size();
+    grow(chunk);
 }
 
 void JsonWriter::grow(std::size_t space)
 {
     const std::size_t used = length();
-    target_.resize(std::max(used + space, target_.size() * 2));
-    cursor_ = target_.data() + used;
-    end_ = target_.data() + target_.size();
+    const std::size_t size = std::max(used + space, static_cast<std::size_t>(end_ - memory_.get()) * 2);
+    char* const larger = static_cast<char*>(std::realloc(memory_.get(), size));
+    if (larger == nullptr) throw std::bad_alloc();
+    static_cast<void>(memory_.release());
+    memory_.reset(larger);
+    cursor_ = larger + used;
+    end_ = larger + size;
 }
 
 // Comma and line break of an array's element; a member's came with its key.
@@ -224,7 +227,7 @@ void JsonWriter::refuseText(std::string_view text) const
 
 CodingKey JsonWriter::lastKey(const Level& level) const
 {
-    const char* start = target_.data() + level.keyAt;
+    const char* start = memory_.get() + level.keyAt;
     const char* end = start;
     while (end < cursor_ && *end != '"') end += *end == '\\' ? 2 : 1;
     std::string key;

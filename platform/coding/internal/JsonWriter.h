@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cstdint>
+#include <cstdlib>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -10,12 +12,12 @@
 
 namespace Platform {
 
-// Writes events as JSON text, straight into the target's memory; the target
-// has its true length when the writer is gone.
+// Writes events as JSON text into memory of its own; the target has the text
+// when the writer is gone.
 class JsonWriter final : public ValueSink {
 public:
     JsonWriter(const JSONEncoder& options, std::string& target);
-    ~JsonWriter() override { target_.resize(length()); }
+    ~JsonWriter() override { target_.assign(memory_.get(), length()); }
     JsonWriter(const JsonWriter&) = delete;
     JsonWriter& operator=(const JsonWriter&) = delete;
 
@@ -37,12 +39,12 @@ public:
 
 private:
     struct Level {
-        std::size_t keyAt = 0;  // where the last key's text begins in the target
+        std::size_t keyAt = 0;  // where the last key's text begins in the text
         std::size_t count = 0;  // values begun
         bool isArray = false;
     };
 
-    std::size_t length() const { return static_cast<std::size_t>(cursor_ - target_.data()); }
+    std::size_t length() const { return static_cast<std::size_t>(cursor_ - memory_.get()); }
     void ensure(std::size_t space)
     {
         if (static_cast<std::size_t>(end_ - cursor_) < space) grow(space);
@@ -60,9 +62,14 @@ private:
     [[noreturn]] void refuseText(std::string_view text) const;
     CodingKey lastKey(const Level& level) const;
 
+    struct Free {
+        void operator()(char* memory) const { std::free(memory); }
+    };
+
     std::string& target_;
-    char* cursor_;
-    char* end_;
+    std::unique_ptr<char, Free> memory_;  // grows without being filled or, when large, copied
+    char* cursor_ = nullptr;
+    char* end_ = nullptr;
     DateStrategy dateStrategy_;
     bool isPretty_;
     int depth_ = 0;
