@@ -32,6 +32,21 @@ double burstTime(const std::string& program)
     return std::stod(collector.readLine());
 }
 
+// Ours alone: whether a long stream at a fixed rate arrives whole and in order, and how late its end.
+void printSteadyStream()
+{
+    constexpr double seconds = 10;
+    const std::string count = "100000";
+    const Bench::Program collector({PEER_OURS, "collect", count});
+    collector.readLine();
+    Bench::Program({PEER_OURS, "burst", count, "10000"}).wait();
+    const std::string answer = collector.readLine();
+    const bool isWhole = answer != "out of order";
+    std::printf("10000 a second for 10 s: %s", isWhole ? "all arrived in order" : answer.c_str());
+    if (isWhole) std::printf(", the last %.3f s after its time", std::stod(answer) - seconds);
+    std::printf("\n");
+}
+
 }  // namespace
 
 int main(int, char** argv)
@@ -54,4 +69,5 @@ int main(int, char** argv)
         std::printf("%-8s %14.1f %8.2f %18.3f %8.2f\n", name.c_str(), time, time / rawLatency, burstSeconds,
                     burstSeconds / rawBurst);
     }
+    printSteadyStream();
 }

@@ -158,7 +158,10 @@ int BusConnection::onReply(sd_bus_message* message, void* pending, sd_bus_error*
     BusConnection& self = *call.owner;
     self.hasAnswered_ = true;
     Completion completion = call.fail();
-    if (completion) self.arrivals_.push_back({BusMessage::sharing(message), std::move(completion), call.subject});
+    // A link that ends answers what is pending itself, as if it had come too late.
+    const bool isReply = sd_bus_is_open(self.link_->bus()) > 0;
+    BusMessage reply = isReply ? BusMessage::sharing(message) : BusMessage();
+    if (completion) self.arrivals_.push_back({std::move(reply), std::move(completion), call.subject});
     self.pending_.remove_if([&](const auto& other) { return other.get() == &call; });
     return 1;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -19,12 +20,14 @@ public:
     void addObserver(Platform::ObserverAction action, const Platform::NotificationName& name,
                      const Object& object) override
     {
-        registrations_.push_back({std::move(action), name, object});
+        registrations_.push_back(std::make_shared<Registration>(Registration{std::move(action), name, object}));
     }
     void removeObserver(const std::shared_ptr<const void>& observer, const Platform::NotificationName& name) override
     {
-        std::erase_if(registrations_, [&](const Registration& registration) {
-            return registration.name == name && registration.action.isOf(observer);
+        std::erase_if(registrations_, [&](const auto& registration) {
+            const bool isOut = registration->name == name && registration->action.isOf(observer);
+            registration->isActive = registration->isActive && !isOut;
+            return isOut;
         });
     }
     void post(const Platform::NotificationName& name, const Object& object) override
@@ -32,9 +35,9 @@ public:
         posted.emplace_back(name.text(), object);
         const auto registrations = registrations_;
         for (const auto& registration : registrations) {
-            if (registration.name == name && (!registration.object || registration.object == object)) {
-                registration.action.call({name, object, nullptr});
-            }
+            const bool isWanted = !registration->object || registration->object == object;
+            const bool isCalled = registration->isActive && registration->name == name && isWanted;
+            if (isCalled) registration->action.call({name, object, nullptr});
         }
     }
 
@@ -47,8 +50,9 @@ private:
         Platform::ObserverAction action;
         Platform::NotificationName name;
         Object object;
+        bool isActive = true;
     };
-    std::vector<Registration> registrations_;
+    std::vector<std::shared_ptr<Registration>> registrations_;
 };
 
 using ReplacedDistributedNotificationCenter =

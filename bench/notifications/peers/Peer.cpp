@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdio>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include <unistd.h>
@@ -58,6 +59,16 @@ void collect(Peer& peer, int count)
     std::printf("%.4f\n", microsecondsSince(first) / 1e6);
 }
 
+// As fast as possible, or so many a second.
+void burst(Peer& peer, int count, int rate)
+{
+    const auto start = Clock::now();
+    for (int number = 0; number < count; ++number) {
+        if (rate > 0) std::this_thread::sleep_until(start + std::chrono::nanoseconds(1'000'000'000LL * number / rate));
+        peer.post("burst", std::to_string(number));
+    }
+}
+
 }  // namespace
 
 int peerMain(int argc, char** argv, Peer& peer)
@@ -77,7 +88,7 @@ int peerMain(int argc, char** argv, Peer& peer)
     } else if (mode == "collect") {
         collect(peer, count);
     } else if (mode == "burst") {
-        for (int number = 0; number < count; ++number) peer.post("burst", std::to_string(number));
+        burst(peer, count, argc > 3 ? std::stoi(argv[3]) : 0);
     } else {
         return 2;
     }

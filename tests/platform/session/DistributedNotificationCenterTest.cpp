@@ -12,6 +12,7 @@
 #include "platform/session/DistributedNotificationCenter.h"
 #include "platform/session/internal/DBusDistributedNotificationCenter.h"
 #include "tests/fakes/CapturingLog.h"
+#include "tests/fakes/FakeDistributedNotificationCenter.h"
 #include "tests/fakes/Replaced.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/EnvironmentVariable.h"
@@ -41,33 +42,42 @@ struct Listener {
     }
 };
 
-std::unique_ptr<DistributedNotificationCenter> newCenter()
+std::shared_ptr<DistributedNotificationCenter> newCenter()
 {
-    return std::make_unique<DBusDistributedNotificationCenter>(BusConnection::create(RunLoop::main()));
+    return std::make_shared<DBusDistributedNotificationCenter>(BusConnection::create(RunLoop::main()));
 }
 
 const NotificationName killme("killme");
 
-struct DistributedNotificationCenterTest : testing::Test {
+// Two processes' views of one session.
+struct Centers {
     Tests::PrivateBus bus;
-    std::unique_ptr<DistributedNotificationCenter> here = newCenter();
-    std::unique_ptr<DistributedNotificationCenter> there = newCenter();
-    std::shared_ptr<Listener> listener = std::make_shared<Listener>();
-    std::shared_ptr<Listener> other = std::make_shared<Listener>();
+    std::shared_ptr<DistributedNotificationCenter> here, there;
 
-    void listen(const std::shared_ptr<Listener>& observer, const Object& object = std::nullopt)
+    void listen(const std::shared_ptr<Listener>& observer, const Object& object = std::nullopt) const
     {
         here->addObserver({observer, &Listener::hear}, killme, object);
     }
 
     // Posts a last notification and waits until it has come: all before it have come, too.
-    void settle()
+    void settle() const
     {
         const NotificationName last("settled");
         const auto witness = std::make_shared<Listener>();
         here->addObserver({witness, &Listener::hear}, last, std::nullopt);
         there->post(last, std::nullopt);
         ASSERT_TRUE(RunLoop::main().runUntil([&] { return !witness->heard.empty(); }, 10s));
+    }
+};
+
+struct DistributedNotificationCenterTest : testing::Test, Centers {
+    std::shared_ptr<Listener> listener = std::make_shared<Listener>();
+    std::shared_ptr<Listener> other = std::make_shared<Listener>();
+
+    DistributedNotificationCenterTest()
+    {
+        here = newCenter();
+        there = newCenter();
     }
 
     static void post(const std::vector<std::string>& arguments)
@@ -79,9 +89,19 @@ struct DistributedNotificationCenterTest : testing::Test {
     }
 };
 
+// What the fake centre has to do like the bus.
+struct DistributedNotificationContract : testing::TestWithParam<bool>, Centers {
+    DistributedNotificationContract()
+    {
+        here = GetParam() ? newCenter() : std::make_shared<Tests::FakeDistributedNotificationCenter>();
+        there = GetParam() ? newCenter() : here;
+    }
+};
+INSTANTIATE_TEST_SUITE_P(FakeAndBus, DistributedNotificationContract, testing::Bool());
+
 }  // namespace
 
-TEST_F(DistributedNotificationCenterTest, ObjectsDecideWhoIsCalled)
+TEST_P(DistributedNotificationContract, ObjectsDecideWhoIsCalled)
 {
     struct Row {
         Object wanted, posted;
@@ -116,7 +136,7 @@ TEST_F(DistributedNotificationCenterTest, ObjectsDecideWhoIsCalled)
     }
 }
 
-TEST_F(DistributedNotificationCenterTest, NamesAreComparedWhole)
+TEST_P(DistributedNotificationContract, NamesAreComparedWhole)
 {
     for (const std::string name : {"killme", "kill", "killme2", "it's 'odd' \\,=", ""}) {
         const auto observer = std::make_shared<Listener>();
@@ -140,8 +160,10 @@ TEST_F(DistributedNotificationCenterTest, TextsThatTheBusCannotCarryGoNowhere)
     EXPECT_EQ(listener->heard, std::vector<Object>{"a"});
 }
 
-TEST_F(DistributedNotificationCenterTest, RegisteredTwiceIsCalledTwiceAndRemovedAtOnce)
+TEST_P(DistributedNotificationContract, RegisteredTwiceIsCalledTwiceAndRemovedAtOnce)
 {
+    const auto listener = std::make_shared<Listener>();
+    const auto other = std::make_shared<Listener>();
     listen(listener);
     listen(listener, "a");
     listen(other, "a");

@@ -1,3 +1,4 @@
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -7,6 +8,8 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "platform/bundle/Bundle.h"
 #include "platform/runtime/Shared.h"
@@ -66,6 +69,13 @@ struct LoginItemsTest : testing::Test {
 
 using Jobs = std::map<std::string, bool>;
 
+// Root may write everywhere: as another account, for the scope.
+struct WithoutRights {
+    uid_t before = ::geteuid();
+    WithoutRights() { EXPECT_TRUE(before != 0 || ::seteuid(65534) == 0); }
+    ~WithoutRights() { EXPECT_EQ(::seteuid(before), 0); }
+};
+
 }  // namespace
 
 TEST_F(LoginItemsTest, SwitchingOnWritesTheEntryAndOffRemovesIt)
@@ -123,6 +133,22 @@ TEST_F(LoginItemsTest, AFolderThatCannotBeWrittenLeavesEverythingAsItIs)
     EXPECT_FALSE(services.loginItemService(starter)->register_());
     EXPECT_EQ(items.jobDictionaries(), std::nullopt);
     EXPECT_EQ(Tests::contentOf(home / ".config"), "not a folder");
+}
+
+TEST_F(LoginItemsTest, AReadOnlyFolderKeepsItsEntries)
+{
+    const std::string before = "[Desktop Entry]\nHidden=true\nExec=/gone\n";
+    writeEntry(starter, before);
+    for (const auto& folder : {home.path(), home / ".config", autostart}) ::chmod(folder.c_str(), 0555);
+    {
+        const WithoutRights ordinary;
+        EXPECT_EQ(items.setEnabled(starter, true).error().code, EACCES);
+        EXPECT_EQ(items.setEnabled(starter, false).error().code, EACCES);
+        EXPECT_EQ(jobs(), (Jobs{{starter, false}}));
+    }
+    for (const auto& folder : {home.path(), home / ".config", autostart}) ::chmod(folder.c_str(), 0755);
+    EXPECT_EQ(Tests::contentOf(fileOf(starter)), before);
+    EXPECT_EQ(std::distance(fs::directory_iterator(autostart), {}), 1);
 }
 
 TEST_F(LoginItemsTest, AFullDiskLeavesTheOldEntryAndNothingElse)
