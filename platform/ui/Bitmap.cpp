@@ -4,25 +4,45 @@
 #include <cstdlib>
 #include <cstring>
 
+#include <sys/mman.h>
+
 namespace Platform {
 namespace {
 
-// Fresh pages of calloc are zero already, so a transparent bitmap costs nothing until it is drawn into.
-std::shared_ptr<std::uint32_t> pixelsOf(void* memory)
+using Pixels = std::shared_ptr<std::uint32_t>;
+
+// From here on pixels come from the kernel in large pages: touching a fresh
+// page for the first time costs far more than any work on its pixels.
+constexpr std::size_t largeBytes = 4u << 20;
+constexpr std::size_t largePage = 2u << 20;
+
+Pixels mapLarge(std::size_t bytes)
 {
+    const std::size_t length = (bytes + largePage - 1) / largePage * largePage + largePage;
+    void* memory = ::mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED) return nullptr;
+    ::madvise(memory, length, MADV_HUGEPAGE);
+    const auto start = (reinterpret_cast<std::uintptr_t>(memory) + largePage - 1) / largePage * largePage;
+    return {reinterpret_cast<std::uint32_t*>(start), [memory, length](std::uint32_t*) { ::munmap(memory, length); }};
+}
+
+// Fresh pages are zero already, so a transparent bitmap costs nothing until it is drawn into.
+Pixels allocate(int width, int height, bool isZeroed)
+{
+    const std::size_t bytes =
+        static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * sizeof(std::uint32_t);
+    if (bytes >= largeBytes) return mapLarge(bytes);
+    void* memory = isZeroed ? std::calloc(1, bytes) : std::malloc(bytes);
     if (!memory) return nullptr;
     return {static_cast<std::uint32_t*>(memory), [](std::uint32_t* pixels) { std::free(pixels); }};
 }
 
-std::optional<Bitmap> wrap(int width, int height, void* memory)
+std::optional<Bitmap> make(int width, int height, bool isZeroed)
 {
-    if (!memory) return std::nullopt;
-    return Bitmap::adopt(width, height, pixelsOf(memory));
-}
-
-std::size_t area(int width, int height)
-{
-    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    if (!Bitmap::isPossible(width, height)) return std::nullopt;
+    auto pixels = allocate(width, height, isZeroed);
+    if (!pixels) return std::nullopt;
+    return Bitmap::adopt(width, height, std::move(pixels));
 }
 
 }  // namespace
@@ -35,14 +55,12 @@ bool Bitmap::isPossible(double width, double height)
 
 std::optional<Bitmap> Bitmap::create(int width, int height)
 {
-    if (!isPossible(width, height)) return std::nullopt;
-    return wrap(width, height, std::calloc(area(width, height), sizeof(std::uint32_t)));
+    return make(width, height, true);
 }
 
 std::optional<Bitmap> Bitmap::createUninitialized(int width, int height)
 {
-    if (!isPossible(width, height)) return std::nullopt;
-    return wrap(width, height, std::malloc(area(width, height) * sizeof(std::uint32_t)));
+    return make(width, height, false);
 }
 
 Bitmap Bitmap::adopt(int width, int height, std::shared_ptr<std::uint32_t> pixels)
