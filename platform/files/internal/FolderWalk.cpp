@@ -25,7 +25,10 @@ std::string withoutTrailingSlashes(std::string path)
 }  // namespace
 
 FolderWalk::FolderWalk(std::string folder, const EnumerationOptions& options, const EntryVisitor& visit)
-    : options_(options), visit_(visit), path_(std::move(folder))
+    : options_(options),
+      block_(std::make_unique_for_overwrite<char[]>(entryBlockSize)),
+      visit_(visit),
+      path_(std::move(folder))
 {
 }
 
@@ -64,16 +67,12 @@ bool FolderWalk::enter(FileDescriptor folder)
 
 bool FolderWalk::readAll(int folder, std::vector<char>& entries)
 {
-    std::size_t filled = 0;
-    for (;;) {
-        if (entries.size() < filled + entryBlockSize) entries.resize(filled + entryBlockSize);
-        const long count = readEntryBlock(folder, entries.data() + filled);
-        if (count < 0) return false;
-        if (count == 0) break;
-        filled += static_cast<std::size_t>(count);
+    entries.clear();
+    long count;
+    while ((count = readEntryBlock(folder, block_.get())) > 0) {
+        entries.insert(entries.end(), block_.get(), block_.get() + count);
     }
-    entries.resize(filled);
-    return true;
+    return count == 0;
 }
 
 Visit FolderWalk::visitNext()

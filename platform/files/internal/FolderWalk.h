@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,8 @@ private:
     bool isWorthEntering(const DirectoryEntry& entry) const;
 
     const EnumerationOptions options_;
+    // Read into here and copied out, so that small folders touch little memory.
+    const std::unique_ptr<char[]> block_;
     const EntryVisitor& visit_;
     std::string path_;
     std::vector<Level> levels_;  // levels past depth_ are kept for their memory
