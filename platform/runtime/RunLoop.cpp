@@ -264,11 +264,9 @@ bool RunLoop::runWhile(const std::function<bool()>& isDone, std::optional<std::c
         prepareToSleep();
         epoll_event event{};
         const int ready = ::epoll_wait(state_->epoll.get(), &event, 1, waitTime(deadline, kernelTime()));
-        if (ready > 0) {
-            state_->dispatch(event.data.u64, event.events);
-        } else if (deadline && kernelTime() >= *deadline) {
-            break;
-        }
+        if (ready > 0) state_->dispatch(event.data.u64, event.events);
+        // Also where there is always something ready, as with a block that posts itself.
+        if (deadline && kernelTime() >= *deadline) break;
     }
     return isDone();
 }

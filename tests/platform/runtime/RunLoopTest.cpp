@@ -154,6 +154,19 @@ TEST_F(RunLoopTest, WatchesCallBackUntilCancelledAlsoFromInside)
     EXPECT_EQ(calls, 4);
 }
 
+TEST_F(RunLoopTest, RunUntilEndsInTimeThoughABlockPostsItselfForEver)
+{
+    int turns = 0;
+    std::function<void()> again = [&] {
+        if (++turns < 10'000'000) loop.post(again);
+    };
+    again();
+    EXPECT_FALSE(loop.runUntil([] { return false; }, 20ms));
+    EXPECT_LT(turns, 10'000'000);
+    turns = 10'000'000;
+    loop.drain();
+}
+
 TEST_F(RunLoopTest, SubscriptionsMayOutliveTheLoopOfAnEndedThread)
 {
     Subscription watch;
