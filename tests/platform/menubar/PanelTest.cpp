@@ -1,0 +1,147 @@
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "platform/menubar/StatusBar.h"
+#include "platform/ui/Image.h"
+#include "tests/support/Display.h"
+#include "tests/support/Eventually.h"
+#include "tests/support/Keyboard.h"
+#include "tests/support/PrivateBus.h"
+#include "tests/support/TemporaryDirectory.h"
+
+namespace {
+
+using namespace Platform;
+using Tests::eventually;
+
+// One panel at the top left corner with nothing but the tray.
+constexpr const char* panelSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-panel" version="1.0">
+  <property name="configver" type="int" value="2"/>
+  <property name="panels" type="array">
+    <value type="int" value="1"/>
+    <property name="panel-1" type="empty">
+      <property name="position" type="string" value="p=6;x=0;y=0"/>
+      <property name="length" type="uint" value="20"/>
+      <property name="position-locked" type="bool" value="true"/>
+      <property name="icon-size" type="uint" value="22"/>
+      <property name="size" type="uint" value="28"/>
+      <property name="plugin-ids" type="array"><value type="int" value="1"/></property>
+    </property>
+  </property>
+  <property name="plugins" type="empty">
+    <property name="plugin-1" type="string" value="systray">
+      <property name="square-icons" type="bool" value="true"/>
+    </property>
+  </property>
+</channel>)";
+
+constexpr std::uint32_t magenta = 0xFFFF00FF, black = 0xFF000000;
+
+class Chosen : public Responder {
+public:
+    void choose() { ++count; }
+    int count = 0;
+};
+
+// A real panel of another maker on a display and a bus of its own.
+class Panel {
+public:
+    Panel()
+    {
+        settings_.write("xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml", panelSettings);
+        store_.emplace(std::vector<std::string>{"/usr/lib/x86_64-linux-gnu/xfce4/xfconf/xfconfd"}, options());
+        panel_.emplace(std::vector<std::string>{"xfce4-panel", "--disable-wm-check"}, options());
+    }
+
+    // The screen as a picture file.
+    static Bitmap screen(const std::string& path)
+    {
+        std::filesystem::remove(path);
+        Tests::runOnDisplay({"scrot", "--overwrite", path});
+        const ImageRef image = Image::fromFile(Url::fromPath(path, false));
+        return image ? *image->bitmap() : Bitmap();
+    }
+
+private:
+    Tests::ChildProcess::Options options()
+    {
+        Tests::ChildProcess::Options options;
+        options.environment = {{"XDG_CONFIG_HOME", settings_.path()},
+                               {"HOME", settings_.path()},
+                               {"XDG_CACHE_HOME", settings_.path()},
+                               {"GTK_THEME", "Adwaita"},
+                               {"NO_AT_BRIDGE", "1"},
+                               {"LANG", "C.UTF-8"}};
+        options.streams = Tests::ChildProcess::Streams::silent;
+        return options;
+    }
+
+    Tests::TemporaryDirectory settings_;
+    std::optional<Tests::ChildProcess> store_;
+    std::optional<Tests::ChildProcess> panel_;
+};
+
+std::optional<std::pair<int, int>> placeOf(const Bitmap& screen, std::uint32_t color)
+{
+    for (int y = 0; y < screen.height(); ++y) {
+        for (int x = 0; x < screen.width(); ++x) {
+            if (screen.pixel(x, y) == color) return std::pair(x, y);
+        }
+    }
+    return std::nullopt;
+}
+
+// Other programs look and press, and answer in their own time; our loop runs in between.
+bool tryUntil(const std::function<void()>& act, const std::function<bool()>& isDone)
+{
+    for (int round = 0; round < 20; ++round) {
+        act();
+        if (eventually(isDone, std::chrono::milliseconds(500))) return true;
+    }
+    return false;
+}
+
+TEST(PanelTest, ShowsTheItemAndOpensAndClicksItsMenu)
+{
+    const Tests::Display display("640x400x24");
+    const Tests::PrivateBus bus;
+    Panel panel;
+    const std::string picture = MENUBAR_SCREENSHOTS "/panel.png", opened = MENUBAR_SCREENSHOTS "/panel-menu.png";
+    std::filesystem::create_directories(MENUBAR_SCREENSHOTS);
+
+    const auto item = StatusBar::system().statusItem(StatusItem::squareLength);
+    item->button()->setImage(std::make_shared<Image>(Size{22, 22}, [](GraphicsContext& context) {
+        context.setFillColor(Color::deviceRGB(1, 0, 1));
+        context.fill({{}, context.size()}, CompositingOperation::copy);
+    }));
+    const auto target = std::make_shared<Chosen>();
+    const auto menu = Menu::create();
+    for (const char* title : {"First", "Second"}) {
+        menu->addItem(MenuItem::create(title, &Chosen::choose));
+        menu->items().back()->setTarget(target);
+    }
+    menu->items().back()->setState(MenuItemState::on);
+    item->setMenu(menu);
+
+    ASSERT_TRUE(eventually([] { return StatusBar::system().isShown(); }, std::chrono::seconds(30)));
+    std::optional<std::pair<int, int>> place;
+    ASSERT_TRUE(tryUntil([&] { place = placeOf(Panel::screen(picture), magenta); }, [&] { return place.has_value(); }))
+        << "the icon does not show in " << picture;
+
+    const std::string x = std::to_string(place->first + 5), y = std::to_string(place->second + 5);
+    Tests::runOnDisplay({"xdotool", "mousemove", x, y, "click", "1"});
+    Bitmap screen;
+    EXPECT_TRUE(tryUntil([&] { screen = Panel::screen(opened); },
+                         [&] { return !screen.isEmpty() && screen.pixel(place->first + 20, 45) != black; }))
+        << "no menu in " << opened;
+    EXPECT_TRUE(tryUntil(
+        [&] {
+            Tests::runOnDisplay({"xdotool", "mousemove", x, "45", "click", "1"});
+        },
+        [&] { return target->count > 0; }))
+        << "the menu does not answer, see " << opened;
+}
+
+}  // namespace
