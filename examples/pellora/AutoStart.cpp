@@ -4,9 +4,15 @@
 
 #include "Lorrel/apps/queries/LoginItemAutoStartController.h"
 #include "Lorrel/apps/queries/MainAppAutoStartController.h"
+#include "platform/runtime/Environment.h"
 #include "platform/session/ApplicationService.h"
 
 namespace Pellora {
+
+Starter starterOfThisSystem()
+{
+    return Platform::OperatingSystemVersion::shared().isAtLeast(13) ? Starter::session : Starter::launcher;
+}
 
 std::unique_ptr<Lorrel::IAutoStartController> autoStartController(Starter starter)
 {

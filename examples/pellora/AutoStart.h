@@ -13,6 +13,9 @@ inline constexpr const char* launcherIdentifier = "com.orvane.pelloralauncher";
 // Who starts Pellora at login.
 enum class Starter { launcher, session };
 
+// The session, where the system's version lets it start applications by themselves.
+Starter starterOfThisSystem();
+
 // By its launcher, or directly by the session (which also takes over from the launcher).
 std::unique_ptr<Lorrel::IAutoStartController> autoStartController(Starter starter);
 

@@ -2,20 +2,26 @@
 
 #include <utility>
 
+#include "examples/pellora/AutoStart.h"
 #include "platform/runtime/Log.h"
 
 namespace Pellora {
 
-MainAppDelegate::MainAppDelegate(std::unique_ptr<Lorrel::IAutoStartController> autoStart)
-    : autoStart_(std::move(autoStart))
+MainAppDelegate::MainAppDelegate(std::unique_ptr<Lorrel::IAutoStartController> autoStart, Settings settings)
+    : autoStart_(std::move(autoStart)), settings_(std::move(settings))
 {
 }
 
 void MainAppDelegate::applicationDidFinishLaunching()
 {
     autoStart_->handleMainAppLaunch();
+    // A launcher that has started us waits for this, whoever starts us at the next login.
+    autoStartController(Starter::launcher)->handleMainAppLaunch();
     Platform::log(autoStart_->isEnabled() ? "Pellora runs; it starts at login"
                                           : "Pellora runs; it does not start at login");
+    monitor_ = monitorFor(settings_);
+    warnings_ = std::make_shared<LimitWarnings>(monitor_->readings(), settings_.limits);
+    monitor_->addListener(warnings_);
 }
 
 }  // namespace Pellora

@@ -3,6 +3,9 @@
 #include <memory>
 
 #include "Lorrel/apps/queries/IAutoStartController.h"
+#include "examples/pellora/Monitor.h"
+#include "examples/pellora/Settings.h"
+#include "examples/pellora/watch/LimitWarnings.h"
 #include "platform/runtime/Application.h"
 
 namespace Pellora {
@@ -10,12 +13,15 @@ namespace Pellora {
 // The running application. Thread: main.
 class MainAppDelegate : public Platform::ApplicationDelegate {
 public:
-    explicit MainAppDelegate(std::unique_ptr<Lorrel::IAutoStartController> autoStart);
+    MainAppDelegate(std::unique_ptr<Lorrel::IAutoStartController> autoStart, Settings settings);
 
     void applicationDidFinishLaunching() override;
 
 private:
-    std::unique_ptr<Lorrel::IAutoStartController> autoStart_;
+    const std::unique_ptr<Lorrel::IAutoStartController> autoStart_;
+    const Settings settings_;
+    std::unique_ptr<Monitor> monitor_;
+    std::shared_ptr<LimitWarnings> warnings_;
 };
 
 }  // namespace Pellora

@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "Fennick/MulticastDelegate.h"
 #include "Fennick/datastore/DataProviderContainer.h"
+#include "examples/pellora/Settings.h"
 #include "examples/pellora/providers/Provider.h"
 
 namespace Pellora {
@@ -20,15 +22,26 @@ public:
     Monitor& operator=(const Monitor&) = delete;
     ~Monitor();
 
-    const std::shared_ptr<Fennick::DataProviderContainer>& container() const { return container_; }
+    // Called after every refresh; held weakly.
+    void addListener(const std::shared_ptr<Fennick::DataProviderContainerDelegate>& listener);
     const std::shared_ptr<Fennick::IDataStore>& readings() const { return readings_; }
     // Of all readings that there may be; those without an identifier are not there yet.
     std::vector<std::string> keys() const;
 
 private:
+    // The container's one delegate, which tells all listeners.
+    struct Listeners final : Fennick::DataProviderContainerDelegate {
+        void didRefresh(double elapsed) override;
+        Fennick::MulticastDelegate<Fennick::DataProviderContainerDelegate> all;
+    };
+
     const std::vector<std::shared_ptr<Provider>> providers_;
     const std::shared_ptr<Fennick::DataProviderContainer> container_;
     const std::shared_ptr<Fennick::IDataStore> readings_;
+    const std::shared_ptr<Listeners> listeners_ = std::make_shared<Listeners>();
 };
+
+// Measures what the machine has and what the settings name.
+std::unique_ptr<Monitor> monitorFor(const Settings& settings);
 
 }  // namespace Pellora

@@ -4,51 +4,62 @@
 #include <charconv>
 #include <iterator>
 
-#include "examples/pellora/Settings.h"
+#include "examples/pellora/SettingTable.h"
 
 namespace Pellora {
 
 namespace {
 
-template <typename T>
-bool takeNumber(std::string_view word, std::optional<T>& into)
-{
-    T number{};
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    if (error != std::errc() || end != word.data() + word.size()) return false;
-    into = number;
-    return true;
-}
-
-bool takeInterval(std::string_view word, Options& options)
-{
-    return takeNumber(word, options.interval) && *options.interval >= shortestInterval &&
-           *options.interval <= longestInterval;
-}
-
-// The options that stand alone, and those followed by a word; false where the word is of no use.
+// The options that stand alone, and those followed by a word; false where the
+// word is of no use. Every other one is named as the setting that it changes.
 struct Flag {
     std::string_view name;
     void (*take)(Options&);
 };
-struct Setting {
+struct Wish {
     std::string_view name;
     bool (*take)(std::string_view word, Options&);
 };
 
+bool takeStartAtLogin(std::string_view word, Options& options)
+{
+    options.autoStartCommand = word;
+    return true;
+}
+
+bool takeTable(std::string_view word, Options& options)
+{
+    std::size_t refreshes = 0;
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), refreshes);
+    options.tableRefreshes = refreshes;
+    return error == std::errc() && end == word.data() + word.size();
+}
+
 constexpr Flag flags[] = {
     {"--directly", [](Options& options) { options.starter = Starter::session; }},
+    {"--through-launcher", [](Options& options) { options.starter = Starter::launcher; }},
+    {"--save", [](Options& options) { options.savesSettings = true; }},
     {"--help", [](Options& options) { options.wantsHelp = true; }},
 };
-constexpr Setting settings[] = {
-    {"--start-at-login",
-     [](std::string_view word, Options& options) {
-         options.autoStartCommand = word;
-         return true;
-     }},
-    {"--table", [](std::string_view word, Options& options) { return takeNumber(word, options.tableRefreshes); }},
-    {"--interval", takeInterval},
+constexpr Wish wishes[] = {
+    {"--start-at-login", takeStartAtLogin},
+    {"--table", takeTable},
 };
+
+bool takeChange(std::string_view option, std::string_view word, Options& options)
+{
+    if (!option.starts_with("--")) return false;
+    const std::string_view name = option.substr(2);
+    if (std::ranges::find(allSettings(), name, &Setting::name) == allSettings().end()) return false;
+    options.changes.emplace_back(name, word);
+    return true;
+}
+
+bool takeWithWord(std::string_view option, std::string_view word, Options& options)
+{
+    const auto* wish = std::ranges::find(wishes, option, &Wish::name);
+    return wish != std::end(wishes) ? wish->take(word, options) : takeChange(option, word, options);
+}
 
 }  // namespace
 
@@ -56,9 +67,18 @@ const char* const usage =
     "Pellora                                 runs until it is told to quit\n"
     "Pellora --table N                       prints the readings N times (0: without end) and ends\n"
     "Pellora --start-at-login on|off|status  switches starting at login and prints its state\n"
+    "Pellora --save SETTINGS                 keeps the settings for later runs and prints all\n"
+    "Settings, for this run unless they are saved:\n"
+    "  --interval SECONDS    between two readings\n"
+    "  --disk FOLDER         whose file system is measured\n"
+    "  --limits LIST         warn of these readings: 'cpu.total>90,disk.free<10G'\n"
+    "  --watch LIST          applications to watch, by bundle identifier\n"
+    "  --log FILE            to follow\n"
+    "  --ping ADDRESS        of a web server\n"
+    "  --hotkey KEYS         opens the menu: 'control+option+p'\n"
     "Options:\n"
-    "  --interval SECONDS  between two readings\n"
-    "  --directly          the session starts Pellora itself, without its launcher\n"
+    "  --directly            the session starts Pellora itself\n"
+    "  --through-launcher    its launcher starts it\n"
     "  --help\n";
 
 std::optional<Options> optionsFrom(const std::vector<std::string_view>& arguments)
@@ -66,14 +86,11 @@ std::optional<Options> optionsFrom(const std::vector<std::string_view>& argument
     Options options;
     for (std::size_t at = 0; at < arguments.size(); ++at) {
         const std::string_view word = arguments[at];
-        const auto isNamed = [&](const auto& option) { return option.name == word; };
-        if (const auto* flag = std::ranges::find_if(flags, isNamed); flag != std::end(flags)) {
+        if (const auto* flag = std::ranges::find(flags, word, &Flag::name); flag != std::end(flags)) {
             flag->take(options);
             continue;
         }
-        const auto* setting = std::ranges::find_if(settings, isNamed);
-        if (setting == std::end(settings) || at + 1 == arguments.size()) return std::nullopt;
-        if (!setting->take(arguments[++at], options)) return std::nullopt;
+        if (at + 1 == arguments.size() || !takeWithWord(word, arguments[++at], options)) return std::nullopt;
     }
     return options;
 }

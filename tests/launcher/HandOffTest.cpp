@@ -206,8 +206,8 @@ TEST_F(HandOffTest, TheSessionStartsTheLauncherFromTheEntryThatTheApplicationWri
         return std::pair(process.wait(), answer);
     };
     using Answer = std::pair<std::optional<int>, std::string>;
-    EXPECT_EQ(pellora({"--start-at-login", "status"}), Answer(0, "off\n"));
-    EXPECT_EQ(pellora({"--start-at-login", "on"}), Answer(0, "on\n"));
+    EXPECT_EQ(pellora({"--through-launcher", "--start-at-login", "status"}), Answer(0, "off\n"));
+    EXPECT_EQ(pellora({"--through-launcher", "--start-at-login", "on"}), Answer(0, "on\n"));
 
     Tests::ChildProcess dex({"dex", "--wait", home / ".config/autostart/com.orvane.pelloralauncher.desktop"});
     EXPECT_EQ(dex.wait(), 0) << "ends with the launcher";

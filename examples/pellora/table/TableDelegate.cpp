@@ -14,7 +14,7 @@ void TableDelegate::applicationDidFinishLaunching()
     table_ = std::make_shared<LiveTable>(
         monitor_->readings(), [this] { return monitor_->keys(); }, TableOutput::standardOutput(), refreshes_,
         [] { Platform::Application::shared().terminate(); });
-    monitor_->container()->setDelegate(table_);
+    monitor_->addListener(table_);
 }
 
 }  // namespace Pellora

@@ -1,0 +1,110 @@
+#include <dirent.h>
+#include <gtest/gtest.h>
+#include <malloc.h>
+
+#include "examples/pellora/Monitor.h"
+#include "examples/pellora/watch/LimitWarnings.h"
+#include "platform/runtime/RunLoop.h"
+#include "tests/examples/pellora/Machine.h"
+#include "tests/fakes/FakeUserNotificationCenter.h"
+#include "tests/fakes/FakeWorkspace.h"
+#include "tests/fakes/VirtualClock.h"
+
+namespace Pellora {
+namespace {
+
+constexpr int ticksAnHour = 1800;
+constexpr int ticksAChange = 10;
+
+struct Uses {
+    std::size_t bytes;
+    long descriptors;
+};
+
+Uses uses()
+{
+    long descriptors = 0;
+    DIR* const folder = opendir("/proc/self/fd");
+    while (readdir(folder)) ++descriptors;
+    closedir(folder);
+    return {mallinfo2().uordblks, descriptors};
+}
+
+struct Soak : testing::Test {
+    Soak()
+    {
+        machine.write({{"proc/meminfo", "MemTotal: 4096 kB\nMemAvailable: 1024 kB\n"},
+                       {"proc/loadavg", "9 9 9 1/1 1\n"},
+                       {"proc/net/dev", "eth0: 1 0 0 0 0 0 0 0 1 0\n"},
+                       {"sys/class/thermal/thermal_zone0/temp", "50000\n"},
+                       {"sys/class/power_supply/BAT0/type", "Battery\n"},
+                       {"sys/class/power_supply/BAT0/capacity", "50\n"}});
+        changeReadings();
+    }
+
+    // The processor has been busy; the load is high, then low, and so on.
+    void changeReadings()
+    {
+        const std::string busy = std::to_string(++changes);
+        machine.write({{"proc/stat", "cpu " + busy + " 0 0 9\ncpu0 " + busy + " 0 0 9\n"},
+                       {"proc/loadavg", changes % 2 == 0 ? "9 9 9 1/1 1\n" : "1 1 1 1/1 1\n"}});
+    }
+    void passTicks(int count)
+    {
+        for (int tick = 0; tick < count; ++tick) {
+            if (tick % ticksAChange == 0) changeReadings();
+            clock->advance(2);
+            dispatched += Platform::RunLoop::main().drain();
+            warned += desktop->shown.size();
+            desktop->shown.clear();
+        }
+    }
+
+    Tests::Machine machine;
+    Tests::ReplacedClock clock;
+    Tests::ReplacedWorkspace workspace;
+    Tests::ReplacedUserNotificationCenter desktop;
+    int changes = 0;
+    std::size_t dispatched = 0;
+    std::size_t warned = 0;
+};
+
+TEST_F(Soak, HoursTakeNoMoreThanOneWakeUpATickAndNoMemory)
+{
+    Settings settings;
+    settings.disk = machine.folder.path();
+    settings.applications = {"com.example.a"};
+    settings.limits = {*limitFrom("load.1>5")};
+    const auto monitor = monitorFor(settings);
+    const auto warnings = std::make_shared<LimitWarnings>(monitor->readings(), settings.limits);
+    monitor->addListener(warnings);
+    passTicks(200);
+    const Uses before = uses();
+
+    dispatched = 0;
+    warned = 0;
+    passTicks(6 * ticksAnHour);
+
+    EXPECT_EQ(dispatched, 6u * ticksAnHour) << "the timer's ticks and nothing else";
+    EXPECT_EQ(warned, 6u * ticksAnHour / ticksAChange / 2) << "once each time that the load goes up";
+    EXPECT_EQ(monitor->readings()->stringFor("cpu.total"), "100 %");
+    EXPECT_EQ(monitor->readings()->historyFor("cpu.total")->size(), 60u);
+    const Uses after = uses();
+    EXPECT_EQ(after.descriptors, before.descriptors);
+    EXPECT_LT(after.bytes, before.bytes + 4096);
+}
+
+TEST_F(Soak, NothingIsLeftOfAMonitorThatEnds)
+{
+    const Uses before = uses();
+    for (int round = 0; round < 20; ++round) {
+        auto monitor = monitorFor(Settings());
+        passTicks(2);
+        monitor.reset();
+        passTicks(2);
+    }
+    EXPECT_EQ(uses().descriptors, before.descriptors);
+}
+
+}  // namespace
+}  // namespace Pellora
