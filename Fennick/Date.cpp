@@ -38,16 +38,6 @@ std::string dateText(Platform::Date date, std::string_view format)
     return Platform::formattedDate(date, format).value_or("-");
 }
 
-std::string weekdayName(Platform::Date date)
-{
-    return dateText(date, "EEEE");
-}
-
-std::string monthShortName(Platform::Date date)
-{
-    return dateText(date, "LLL");
-}
-
 Platform::Date addingDays(Platform::Date date, int days)
 {
     return moved(date, Platform::CalendarUnit::day, days);

@@ -21,10 +21,6 @@ Platform::Date Date(int day, int month, int year, int hour, int minute, int seco
 std::string dateText(Platform::Date date);
 std::string dateText(Platform::Date date, std::string_view format);
 
-// "Monday" and "Jan", in the user's language.
-std::string weekdayName(Platform::Date date);
-std::string monthShortName(Platform::Date date);
-
 // The date moved by the calendar: the same time of day, the month's last day
 // where it has no such day. Unchanged where that leads out of the calendar.
 Platform::Date addingDays(Platform::Date date, int days);

@@ -32,11 +32,12 @@ DateComponents presentComponents(CalendarKind kind = CalendarKind::current)
 
 std::optional<Platform::Date> monthStart(int monthsBack)
 {
-    const auto midnight = Platform::startOfDay(now());
-    if (!midnight) return std::nullopt;
-    const auto firstDay = Platform::dateByAdding(CalendarUnit::day, 1 - DateUtilities::currentDay(), *midnight);
+    const Platform::Date present = now();
+    const auto components = Platform::componentsOf(present);
+    const auto firstDay =
+        components ? Platform::dateByAdding(CalendarUnit::day, 1 - components->day, present) : std::nullopt;
     const auto first = firstDay ? Platform::startOfDay(*firstDay) : std::nullopt;
-    return first ? Platform::dateByAdding(CalendarUnit::month, -monthsBack, *first) : std::nullopt;
+    return first ? Platform::dateByAdding(CalendarUnit::month, -std::int64_t{monthsBack}, *first) : std::nullopt;
 }
 
 }  // namespace
@@ -88,7 +89,8 @@ double DateUtilities::startOfMonth()
 
 double DateUtilities::endOfMonth()
 {
-    return startOfMonth() + daysInMonth(now()) * day - 1;
+    const double start = startOfMonth();
+    return start + daysInMonth(Platform::Date(start)) * day - 1;
 }
 
 double DateUtilities::startOfYear()
@@ -98,7 +100,8 @@ double DateUtilities::startOfYear()
 
 double DateUtilities::endOfYear()
 {
-    return startOfYear() + daysInYear(currentYear()) * day - 1;
+    const double start = startOfYear();
+    return start + Platform::daysInYear(Platform::Date(start)) * day - 1;
 }
 
 int DateUtilities::currentYear()
@@ -157,6 +160,21 @@ std::vector<std::string> DateUtilities::dayLabels(int monthsBack)
     const int count = month ? daysInMonth(*month) : 0;
     for (int i = 0; i < count; ++i) labels.push_back(dateText(addingDays(*month, i), "dd"));
     return labels;
+}
+
+std::string DateUtilities::dateText(Platform::Date date, std::string_view format)
+{
+    return Fennick::dateText(date, format);
+}
+
+std::string DateUtilities::weekdayName(Platform::Date date)
+{
+    return dateText(date, "EEEE");
+}
+
+std::string DateUtilities::monthShortName(Platform::Date date)
+{
+    return dateText(date, "LLL");
 }
 
 std::vector<std::string> DateUtilities::weekdayNames()

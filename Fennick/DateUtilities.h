@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Fennick/Month.h"
@@ -55,6 +56,11 @@ public:
     // their ranges, and their numbers with two digits.
     static std::vector<DayRange> dayRanges(int monthsBack);
     static std::vector<std::string> dayLabels(int monthsBack);
+
+    // By a pattern of Unicode's date fields; "Monday" and "Jan" in the user's language.
+    static std::string dateText(Platform::Date date, std::string_view format);
+    static std::string weekdayName(Platform::Date date);
+    static std::string monthShortName(Platform::Date date);
 
     // The weekdays from Monday and the months in order, in the user's language.
     static std::vector<std::string> weekdayNames();

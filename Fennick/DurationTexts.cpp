@@ -22,13 +22,8 @@ bool reaches(std::int64_t seconds, std::int64_t amount)
 std::string DateUtilities::clockText(std::int64_t seconds)
 {
     internal::TextWriter writer;
-    const auto field = [&](std::int64_t value, std::int64_t unit) {
-        writer.number(reaches(seconds, unit) ? value : 0, 2).text(":");
-    };
-    field(seconds / day, day);
-    field(seconds % day / hour, hour);
-    field(seconds % hour / minute, minute);
-    return writer.number(seconds % minute, 2).string();
+    writer.number(seconds / day, 2).text(":").number(seconds % day / hour, 2).text(":");
+    return writer.number(seconds % hour / minute, 2).text(":").number(seconds % minute, 2).string();
 }
 
 std::string DateUtilities::hoursMinutesText(std::optional<std::int64_t> duration)

@@ -83,9 +83,13 @@ int maximumOf(Date date, UCalendarDateFields field)
     return U_SUCCESS(status) ? maximum : 0;
 }
 
+bool isSmall(std::int64_t count)
+{
+    return count >= -largestCount && count <= largestCount;
+}
+
 bool isWithinReach(const DateComponents& c)
 {
-    const auto isSmall = [](int count) { return count >= -largestCount && count <= largestCount; };
     return c.year >= -largestYear && c.year <= largestYear && isSmall(c.month) && isSmall(c.day) && isSmall(c.hour) &&
            isSmall(c.minute) && isSmall(c.second);
 }
@@ -135,13 +139,13 @@ std::optional<Date> startOfWeek(Date date)
     return midnightOf(*calendar);
 }
 
-std::optional<Date> dateByAdding(CalendarUnit unit, int count, Date date)
+std::optional<Date> dateByAdding(CalendarUnit unit, std::int64_t count, Date date)
 {
     constexpr UCalendarDateFields fields[] = {UCAL_DATE, UCAL_MONTH, UCAL_YEAR};
-    icu::Calendar* calendar = std::abs(static_cast<double>(count)) <= largestCount ? calendarAt(date) : nullptr;
+    icu::Calendar* calendar = isSmall(count) ? calendarAt(date) : nullptr;
     if (!calendar) return std::nullopt;
     UErrorCode status = U_ZERO_ERROR;
-    calendar->add(fields[static_cast<int>(unit)], count, status);
+    calendar->add(fields[static_cast<int>(unit)], static_cast<int>(count), status);
     if (U_FAILURE(status)) return std::nullopt;
     return timeOf(*calendar);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 
 #include "platform/runtime/Date.h"
@@ -37,7 +38,7 @@ std::optional<Date> startOfWeek(Date date);
 
 // The same time of day so many days, months or years later; a day that the
 // month lacks becomes its last.
-std::optional<Date> dateByAdding(CalendarUnit unit, int count, Date date);
+std::optional<Date> dateByAdding(CalendarUnit unit, std::int64_t count, Date date);
 
 // Of the month and the year that hold the date.
 int daysInMonth(Date date);

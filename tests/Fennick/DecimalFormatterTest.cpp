@@ -11,10 +11,7 @@ using namespace Fennick;
 TEST(NumberTexts, FollowTheLocale)
 {
     const struct {
-        const char* locale;
-        const char* plain;
-        const char* grouped;
-        const char* separator;
+        const char *locale, *plain, *grouped, *separator;
     } cases[] = {
         {"en_US.UTF-8", "-1234567.5", "-1,234,567", "."},
         {"de_DE.UTF-8", "-1234567,5", "-1.234.567", ","},

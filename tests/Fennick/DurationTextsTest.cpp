@@ -16,20 +16,14 @@ TEST(DurationTexts, FollowTheLayoutOfTheirSize)
 {
     const struct {
         std::int64_t seconds;
-        const char* clock;
-        const char* hoursMinutes;
-        const char* full;
-        const char* compact;
+        const char *clock, *hoursMinutes, *full, *compact;
     } cases[] = {
         {0, "00:00:00:00", "0h 0m", "00h 00m 00s", "0 s"},
         {5, "00:00:00:05", "0h 0m", "00h 00m 05s", "05s"},
-        {59, "00:00:00:59", "0h 0m", "00h 00m 59s", "59s"},
         {60, "00:00:01:00", "1m", "00h 01m 00s", "01m 00s"},
         {65, "00:00:01:05", "1m", "00h 01m 05s", "01m 05s"},
         {3'599, "00:00:59:59", "59m", "00h 59m 59s", "59m 59s"},
         {3'600, "00:01:00:00", "1h 0m", "01h 00m 00s", "01h 00m 00s"},
-        {3'661, "00:01:01:01", "1h 1m", "01h 01m 01s", "01h 01m 01s"},
-        {86'399, "00:23:59:59", "23h 59m", "23h 59m 59s", "23h 59m 59s"},
         {86'405, "01:00:00:05", "24h 0m", "00h 00m 05s", "05s"},
         {90'000, "01:01:00:00", "25h 0m", "01h 00m 00s", "01h 00m 00s"},
         {90'061, "01:01:01:01", "25h 1m", "01h 01m 01s", "01h 01m 01s"},
@@ -50,17 +44,13 @@ TEST(DurationTexts, FollowTheLayoutOfTheirSize)
 
 TEST(StopwatchText, ShowsThousandthsAndHoursOnlyWhenThereAreAny)
 {
-    const struct {
-        std::uint64_t nanoseconds;
-        const char* text;
-    } cases[] = {
+    const std::pair<std::uint64_t, const char*> cases[] = {
         {0, "00:00.000"},
         {1, "00:00.000"},
         {500'000'000, "00:00.500"},
         {61'234'999'999, "01:01.234"},
         {3'599'999'999'999, "59:59.999"},
         {3'600'000'000'000, "01:00:00.000"},
-        {std::numeric_limits<std::uint64_t>::max(), "5124095:34:33.709"},
-    };
-    for (const auto& given : cases) EXPECT_EQ(TimeUtilities::stopwatchText(given.nanoseconds), given.text);
+        {std::numeric_limits<std::uint64_t>::max(), "5124095:34:33.709"}};
+    for (const auto& [nanoseconds, text] : cases) EXPECT_EQ(TimeUtilities::stopwatchText(nanoseconds), text);
 }

@@ -2,59 +2,27 @@
 
 #include "Fennick/MulticastDelegate.h"
 
-using Fennick::MulticastDelegate;
-
-namespace {
-
-struct Listener {
+TEST(MulticastDelegate, CallsTheLivingListenersOfTheStartOnceEach)
+{
+    Fennick::MulticastDelegate<int> listeners;
+    listeners.invoke([](int&) { FAIL(); });
+    const auto first = std::make_shared<int>(0);
+    auto second = std::make_shared<int>(0);
+    const auto late = std::make_shared<int>(0);
+    for (const auto& listener : {first, first, second, std::shared_ptr<int>()}) listeners.add(listener);
+    const std::weak_ptr<int> watched = second;
     int calls = 0;
-};
-
-void call(Listener& listener)
-{
-    ++listener.calls;
-}
-
-}  // namespace
-
-TEST(MulticastDelegate, CallsEachLivingListenerOnce)
-{
-    MulticastDelegate<Listener> listeners;
-    listeners.invoke([](Listener&) { FAIL(); });
-    const auto first = std::make_shared<Listener>();
-    auto second = std::make_shared<Listener>();
-    const std::weak_ptr<Listener> watched = second;
-    listeners.add(first);
-    listeners.add(first);
-    listeners.add(second);
-    listeners.add(nullptr);
-    listeners.invoke(call);
-    EXPECT_EQ(second->calls, 1);
-    second.reset();
-    EXPECT_TRUE(watched.expired());
-    listeners.invoke(call);
-    EXPECT_EQ(first->calls, 2);
-    listeners.remove(first);
-    listeners.invoke(call);
-    EXPECT_EQ(first->calls, 2);
-}
-
-TEST(MulticastDelegate, WalksTheListenersOfTheStart)
-{
-    MulticastDelegate<Listener> listeners;
-    const auto first = std::make_shared<Listener>();
-    auto second = std::make_shared<Listener>();
-    const auto late = std::make_shared<Listener>();
-    listeners.add(first);
-    listeners.add(second);
-    int calls = 0;
-    listeners.invoke([&](Listener&) {
+    listeners.invoke([&](int& listener) {
         listeners.remove(first);
-        listeners.remove(second);
         listeners.add(late);
         second.reset();
+        ++listener;
         ++calls;
     });
     EXPECT_EQ(calls, 2);
+    EXPECT_EQ(*first, 1);
+    EXPECT_TRUE(watched.expired());
+    listeners.invoke([](int& listener) { ++listener; });
+    EXPECT_EQ(*first, 1);
     EXPECT_EQ(listeners.delegates(), std::vector{late});
 }

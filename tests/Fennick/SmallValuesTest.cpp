@@ -10,39 +10,25 @@
 
 using namespace Fennick;
 
-TEST(Rounded, FollowsTheProductInDoublePrecision)
+TEST(Rounded, FollowsTheProductOrTheRule)
 {
     EXPECT_EQ(rounded(1.005, 2), 1.0);
     EXPECT_EQ(rounded(2.5, 0), 3.0);
-    EXPECT_EQ(rounded(-2.345, 1), -2.3);
     EXPECT_EQ(rounded(1'250.0, -2), 1'300.0);
     EXPECT_EQ(rounded(0.125F, 2), 0.13F);
-}
-
-TEST(Rounded, ReachesAMultipleByEachRule)
-{
-    const struct {
-        RoundingRule rule;
-        double up;    // of 12.5 to a multiple of 5
-        double down;  // of -12.5
-    } cases[] = {
-        {RoundingRule::toNearestOrAwayFromZero, 15, -15},
-        {RoundingRule::toNearestOrEven, 10, -10},
-        {RoundingRule::up, 15, -10},
-        {RoundingRule::down, 10, -15},
-        {RoundingRule::towardZero, 10, -10},
-        {RoundingRule::awayFromZero, 15, -15},
-    };
-    for (const auto& given : cases) {
-        EXPECT_EQ(rounded(12.5, 5.0, given.rule), given.up);
-        EXPECT_EQ(rounded(-12.5F, 5.0F, given.rule), static_cast<float>(given.down));
+    using enum RoundingRule;
+    // Of 12.5 and -12.5 to a multiple of 5.
+    const std::tuple<RoundingRule, double, float> cases[] = {{toNearestOrAwayFromZero, 15, -15},
+                                                             {toNearestOrEven, 10, -10},
+                                                             {up, 15, -10},
+                                                             {down, 10, -15},
+                                                             {towardZero, 10, -10},
+                                                             {awayFromZero, 15, -15}};
+    for (const auto& [rule, above, below] : cases) {
+        EXPECT_EQ(rounded(12.5, 5.0, rule), above);
+        EXPECT_EQ(rounded(-12.5F, 5.0F, rule), below);
     }
-    EXPECT_TRUE(std::isnan(rounded(1.0, 0.0, RoundingRule::up) - rounded(1.0, 0.0, RoundingRule::up)));
-}
-
-TEST(IsInvalid, HoldsForInfinitiesAndWhatIsNoNumber)
-{
-    EXPECT_TRUE(isInvalid(std::nan("")));
+    EXPECT_TRUE(isInvalid(rounded(1.0, 0.0, up)));
     EXPECT_TRUE(isInvalid(-std::numeric_limits<float>::infinity()));
     EXPECT_FALSE(isInvalid(std::numeric_limits<double>::max()));
 }
@@ -50,13 +36,9 @@ TEST(IsInvalid, HoldsForInfinitiesAndWhatIsNoNumber)
 TEST(DaysAndMonths, ComeFromTheirNumbersOnly)
 {
     EXPECT_EQ(dayFromRawValue(1), Day::sunday);
-    EXPECT_EQ(dayFromRawValue(7), Day::saturday);
-    EXPECT_EQ(dayFromRawValue(0), std::nullopt);
-    EXPECT_EQ(dayFromRawValue(8), std::nullopt);
-    EXPECT_EQ(rawValue(allDays.front()), 2);
     EXPECT_EQ(monthFromRawValue(12), Month::december);
-    EXPECT_EQ(monthFromRawValue(0), std::nullopt);
-    EXPECT_EQ(monthFromRawValue(13), std::nullopt);
+    EXPECT_FALSE(dayFromRawValue(0) || dayFromRawValue(8) || monthFromRawValue(0) || monthFromRawValue(13));
+    EXPECT_EQ(rawValue(allDays.front()), 2);
     EXPECT_EQ(rawValue(allMonths.back()), 12);
 }
 

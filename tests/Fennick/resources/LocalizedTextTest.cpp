@@ -27,10 +27,7 @@ std::shared_ptr<Bundle> bundleWith(const Tests::TemporaryDirectory& folder, cons
 TEST(LocalizedText, ShowsTheKeyUnlessTheTextKeepsItsPromise)
 {
     const struct {
-        const char* text;
-        const char* plain;
-        const char* number;
-        const char* argument;
+        const char *text, *plain, *number, *argument;
     } cases[] = {
         {"plain 100%%", "plain 100%", "K", "K"},
         {"%ld s", "K", "-7 s", "K"},
@@ -59,24 +56,24 @@ TEST(ResourceTables, HoldEveryKeyInEveryLanguage)
 {
     std::set<std::string> yesterdays;
     for (const char* const locale : locales) {
+        SCOPED_TRACE(locale);
         Tests::ReplacedEnvironment environment;
         environment->set("LANG", std::string(locale) + ".UTF-8");
         const Platform::Shared<Fennick::Resources::Found>::Override fennickAfresh;
         const Platform::Shared<Lorrel::Resources::Found>::Override lorrelAfresh;
         for (const char* const key : {"AGO_SECONDS", "AGO_MINUTES", "HOURS_AGO", "DAYS_AGO"}) {
-            const std::string text = Fennick::Resources::text(key, 42);
-            EXPECT_NE(text.find("42"), std::string::npos) << locale << key;
+            EXPECT_NE(Fennick::Resources::text(key, 42).find("42"), std::string::npos) << key;
         }
         for (const char* const key : {"TODAY_AT", "YESTERDAY_AT"}) {
-            EXPECT_NE(Fennick::Resources::text(key, "9:41").find("9:41"), std::string::npos) << locale << key;
+            EXPECT_NE(Fennick::Resources::text(key, "9:41").find("9:41"), std::string::npos) << key;
         }
         for (const char* const key : {"ONE_MINUTE_AGO", "ONE_HOUR_AGO", "YESTERDAY"}) {
-            EXPECT_NE(Fennick::Resources::text(key), key) << locale;
+            EXPECT_NE(Fennick::Resources::text(key), key);
         }
         for (const char* const key : {"UNKNOWN_COMPUTER_NAME", "NO", "YES", "CANCEL", "ALLOW"}) {
-            EXPECT_NE(Lorrel::Resources::text(key), key) << locale;
+            EXPECT_NE(Lorrel::Resources::text(key), key);
         }
-        EXPECT_EQ(Lorrel::Resources::text("UNKNOWN_MACOS_VERSION"), "Linux") << locale;
+        EXPECT_EQ(Lorrel::Resources::text("UNKNOWN_MACOS_VERSION"), "Linux");
         yesterdays.insert(Fennick::Resources::text("YESTERDAY"));
     }
     EXPECT_EQ(yesterdays.size(), std::size(locales));
@@ -85,14 +82,12 @@ TEST(ResourceTables, HoldEveryKeyInEveryLanguage)
 TEST(BundleTexts, FallBackWhereTheDictionaryHasNoText)
 {
     const Tests::TemporaryDirectory folder;
-    folder.write("A.bundle/Info.plist",
-                 "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key><string>2.10</string>"
-                 "<key>CFBundleName</key><string>Ada</string></dict></plist>");
-    folder.write(
-        "B.bundle/Info.plist",
-        "<plist version=\"1.0\"><dict><key>CFBundleShortVersionString</key><integer>2</integer></dict></plist>");
-    EXPECT_EQ(Fennick::shortVersion(*Bundle::open(folder / "A.bundle")), "2.10");
-    EXPECT_EQ(Fennick::bundleName(*Bundle::open(folder / "A.bundle")), "Ada");
-    EXPECT_EQ(Fennick::shortVersion(*Bundle::open(folder / "B.bundle")), "Unknown Version");
-    EXPECT_EQ(Fennick::bundleName(*Bundle::open(folder / "B.bundle")), "Unknown App");
+    const auto textsOf = [&](const std::string& pairs) {
+        folder.write("B.bundle/Info.plist", "<plist version=\"1.0\"><dict>" + pairs + "</dict></plist>");
+        const auto bundle = Bundle::open(folder / "B.bundle");
+        return Fennick::bundleName(*bundle) + " " + Fennick::shortVersion(*bundle);
+    };
+    const std::string version = "<key>CFBundleShortVersionString</key>";
+    EXPECT_EQ(textsOf(version + "<string>2.10</string><key>CFBundleName</key><string>Ada</string>"), "Ada 2.10");
+    EXPECT_EQ(textsOf(version + "<integer>2</integer>"), "Unknown App Unknown Version");
 }

@@ -20,20 +20,22 @@ protected:
         fs::create_directories(root / folder);
         fs::copy(built + "/" + name, root / (folder + "/" + name), fs::copy_options::recursive);
     }
+    void place(const std::string& folder)
+    {
+        place(folder, "Fennick");
+        place(folder, "Lorrel");
+    }
 
+    // Of the program, put there first where it is not.
     std::string outputOf(const std::string& program)
     {
         fs::create_directories(fs::path(root / program).parent_path());
-        fs::copy(RESOURCE_PROBE, root / program);
+        fs::copy(RESOURCE_PROBE, root / program, fs::copy_options::skip_existing);
         return outputAt(root / program);
     }
-
     static std::string outputAt(const std::string& program)
     {
-        Tests::ChildOptions options;
-        options.streams = Tests::ChildStreams::outputAndErrors;
-        Tests::ChildProcess child({program}, options);
-        return child.readAll();
+        return Tests::ChildProcess({program}, {.streams = Tests::ChildStreams::outputAndErrors}).readAll();
     }
 
     std::string found(const std::string& folder) const
@@ -53,19 +55,19 @@ TEST_F(ResourcePlaces, ServeTheBuildTree)
 
 TEST_F(ResourcePlaces, ComeInTheirOrder)
 {
-    for (const char* const library : {"Fennick", "Lorrel"}) place("a/App.app", library);
+    place("a/App.app");
     EXPECT_EQ(outputOf("a/App.app/Contents/MacOS/app"), found("a/App.app/"));
-    for (const char* const library : {"Fennick", "Lorrel"}) place("share/pellora", library);
-    EXPECT_EQ(outputAt(root / "a/App.app/Contents/MacOS/app"), found("share/pellora/"));
-    for (const char* const library : {"Fennick", "Lorrel"}) place("a/App.app/Contents/Resources", library);
-    EXPECT_EQ(outputAt(root / "a/App.app/Contents/MacOS/app"), found("a/App.app/Contents/Resources/"));
+    place("share/pellora");
+    EXPECT_EQ(outputOf("a/App.app/Contents/MacOS/app"), found("share/pellora/"));
+    place("a/App.app/Contents/Resources");
+    EXPECT_EQ(outputOf("a/App.app/Contents/MacOS/app"), found("a/App.app/Contents/Resources/"));
 }
 
 TEST_F(ResourcePlaces, ServeAnInstallTreeAndAProgramBesideThem)
 {
-    for (const char* const library : {"Fennick", "Lorrel"}) place("usr/share/pellora", library);
+    place("usr/share/pellora");
     EXPECT_EQ(outputOf("usr/bin/probe"), found("usr/share/pellora/"));
-    for (const char* const library : {"Fennick", "Lorrel"}) place("alone", library);
+    place("alone");
     EXPECT_EQ(outputOf("alone/probe"), found("alone/"));
 }
 
@@ -74,7 +76,7 @@ TEST_F(ResourcePlaces, EndAProgramThatHasNone)
     EXPECT_EQ(outputOf("probe"),
               "Fennick/resource_bundle_accessor: Fatal error: unable to find bundle named Fennick_Fennick\n");
     place(".", "Fennick");
-    EXPECT_EQ(outputAt(root / "probe"),
+    EXPECT_EQ(outputOf("probe"),
               root / "Fennick_Fennick.bundle\n" +
                   "Lorrel/resource_bundle_accessor: Fatal error: unable to find bundle named Lorrel_Lorrel\n");
 }

@@ -126,61 +126,17 @@ TEST(JsonReading, TellsWhereAndWhyItRefuses)
 
 TEST(JsonReading, RefusesEverythingThatIsNotJson)
 {
-    const std::string_view cases[] = {
-        "",
-        " ",
-        "[",
-        "]",
-        "{",
-        "}",
-        "[1,]",
-        "[,1]",
-        "[1 2]",
-        "[1],",
-        "[] []",
-        "{}x",
-        "1 2",
-        "1x",
-        "+1",
-        ".5",
-        "1.",
-        "1e",
-        "1e+",
-        "-",
-        "--1",
-        "0x10",
-        "NaN",
-        "Infinity",
-        "nul",
-        "nulll",
-        "True",
-        "'a'",
-        "\"a",
-        "\"a\" \"b\"",
-        "\"a\"b",
-        "{\"a\"}",
-        "{\"a\":}",
-        "{\"a\":1,}",
-        "{a:1}",
-        "{1:2}",
-        "[\"\\x\"]",
-        "[\"\\u12g4\"]",
-        "[\"\t\"]",
-        "\"\x80\"",
-        "[\"\xed\xa0\x80\"]",
-        "\0"sv,
-        "[1\0]"sv,
-        "\"a\0b\""sv,
-        "{\"a\":1]",
-        "[1}",
-        "\"\\\"",
-        "[\"\\\"]",
-        "{\"a\":1:2}",
-        "[1:2]",
-        "{\"a\",1}",
-        "[\"a\":1]",
-    };
-    for (const auto json : cases) EXPECT_TRUE(eventsOf(json).starts_with("at ")) << json;
+    const std::string_view brief[] = {"",         " ",      "[",        "]",        "{",      "}",        "[1,]",
+                                      "[,1]",     "[1 2]",  "[1],",     "[] []",    "{}x",    "1 2",      "1x",
+                                      "+1",       ".5",     "1.",       "1e",       "1e+",    "-",        "--1",
+                                      "0x10",     "NaN",    "Infinity", "nul",      "nulll",  "True",     "'a'",
+                                      "\"a",      "\"a\"b", "{\"a\"}",  "{\"a\":}", "{a:1}",  "{1:2}",    "[\"\t\"]",
+                                      "\"\x80\"", "\0"sv,   "[1\0]"sv,  "[1}",      "\"\\\"", "[\"\\\"]", "[1:2]"};
+    const std::string_view longer[] = {"\"a\" \"b\"",        "{\"a\":1,}", "[\"\\x\"]", "[\"\\u12g4\"]",
+                                       "[\"\xed\xa0\x80\"]", "\"a\0b\""sv, "{\"a\":1]", "{\"a\":1:2}",
+                                       "{\"a\",1}",          "[\"a\":1]"};
+    for (const auto json : brief) EXPECT_TRUE(eventsOf(json).starts_with("at ")) << json;
+    for (const auto json : longer) EXPECT_TRUE(eventsOf(json).starts_with("at ")) << json;
 }
 
 TEST(JsonReading, EndsAtItsDepthLimitWhateverTheDepth)

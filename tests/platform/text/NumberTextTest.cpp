@@ -1,3 +1,4 @@
+#include <array>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -40,17 +41,17 @@ double randomNumber(std::mt19937_64& random)
 
 TEST(CurrentLocale, ComesFromTheFirstVariableThatIsSetAndNotEmpty)
 {
-    struct Row {
-        const char *all, *messages, *lang, *expected;
-    };
-    for (const Row& row : {Row{"de_DE.UTF-8", "fr_FR", "hi_IN", "de_DE"}, Row{"", "fr_FR@euro", "hi_IN", "fr_FR"},
-                           Row{"", "", "hi_IN.UTF-8", "hi_IN"}, Row{"", "", "", "en_US_POSIX"},
-                           Row{"C.UTF-8", "fr_FR", "fr_FR", "en_US_POSIX"}}) {
+    const std::array<const char*, 4> rows[] = {{"de_DE.UTF-8", "fr_FR", "hi_IN", "de_DE"},
+                                               {"", "fr_FR@euro", "hi_IN", "fr_FR"},
+                                               {"", "", "hi_IN.UTF-8", "hi_IN"},
+                                               {"", "", "", "en_US_POSIX"},
+                                               {"C.UTF-8", "fr_FR", "fr_FR", "en_US_POSIX"}};
+    for (const auto& [all, messages, lang, expected] : rows) {
         ReplacedEnvironment environment;
-        environment->set("LC_ALL", row.all);
-        environment->set("LC_MESSAGES", row.messages);
-        environment->set("LANG", row.lang);
-        EXPECT_EQ(currentLocaleName(), row.expected);
+        environment->set("LC_ALL", all);
+        environment->set("LC_MESSAGES", messages);
+        environment->set("LANG", lang);
+        EXPECT_EQ(currentLocaleName(), expected);
     }
 }
 
