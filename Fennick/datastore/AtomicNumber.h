@@ -9,7 +9,8 @@
 namespace Fennick {
 
 // An optional number that is read and replaced whole: readers never wait for a
-// lock and never see half of a change. Thread: load() and store() any.
+// lock and never see half of a change. Thread: load(), store()
+// and clear() any.
 class AtomicNumber {
 public:
     AtomicNumber() = default;
@@ -28,22 +29,12 @@ public:
         }
     }
 
-    void store(std::optional<Platform::Number> number)
-    {
-        std::uint64_t before = header_.load(std::memory_order_relaxed);
-        do {
-            before &= ~isChanging;  // fails while another one is changing it
-        } while (!header_.compare_exchange_weak(before, before | isChanging, std::memory_order_acquire));
-        finish(before, number);
-    }
+    void store(Platform::Number number) { replace(tagOf(number), number.bits()); }
+    void clear() { replace(absent, 0); }
 
     // For a writer that knows that it is the only one just now.
-    void storeAlone(std::optional<Platform::Number> number)
-    {
-        const std::uint64_t before = header_.load(std::memory_order_relaxed);
-        header_.store(before | isChanging, std::memory_order_relaxed);
-        finish(before, number);
-    }
+    void storeAlone(Platform::Number number) { replaceAlone(tagOf(number), number.bits()); }
+    void clearAlone() { replaceAlone(absent, 0); }
 
 private:
     // The header counts the changes, above a bit for one in progress and the number's kind.
@@ -51,11 +42,28 @@ private:
     static constexpr std::uint64_t isChanging = 0x100;
     static constexpr std::uint64_t oneChange = 0x200;
 
-    void finish(std::uint64_t before, const std::optional<Platform::Number>& number)
+    static std::uint64_t tagOf(Platform::Number number) { return static_cast<std::uint64_t>(number.kind()); }
+
+    void replace(std::uint64_t tag, std::uint64_t bits)
+    {
+        std::uint64_t before = header_.load(std::memory_order_relaxed);
+        do {
+            before &= ~isChanging;  // fails while another one is changing it
+        } while (!header_.compare_exchange_weak(before, before | isChanging, std::memory_order_acquire));
+        finish(before, tag, bits);
+    }
+
+    void replaceAlone(std::uint64_t tag, std::uint64_t bits)
+    {
+        const std::uint64_t before = header_.load(std::memory_order_relaxed);
+        header_.store(before | isChanging, std::memory_order_relaxed);
+        finish(before, tag, bits);
+    }
+
+    void finish(std::uint64_t before, std::uint64_t tag, std::uint64_t bits)
     {
         // Released after the mark, so whoever reads these bits finds the header changed.
-        bits_.store(number ? number->bits() : 0, std::memory_order_release);
-        const std::uint64_t tag = number ? static_cast<std::uint64_t>(number->kind()) : absent;
+        bits_.store(bits, std::memory_order_release);
         header_.store(((before & ~absent) + oneChange) | tag, std::memory_order_release);
     }
 

@@ -31,7 +31,9 @@ protected:
     virtual void assign(std::optional<T> value) = 0;
 };
 
-// Answers a pair of set slots by the class's replaceNumber(std::optional<Number>).
+// Answers a pair of set slots by the class's replaceNumber(Number) and clearNumber().
+// The number goes in registers: one that is assembled in memory and read back at
+// once as a whole would cost more than all else that setting does.
 template <typename Base, typename T>
 class BoxingSetSlot : public Base {
 protected:
@@ -40,7 +42,7 @@ protected:
     void assign(std::optional<T> value) override
     {
         if (value) return self().replaceNumber(Platform::Number(*value));
-        self().replaceNumber(std::nullopt);
+        self().clearNumber();
     }
 
 private:

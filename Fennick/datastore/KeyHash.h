@@ -40,10 +40,12 @@ private:
     template <typename Word>
     static std::uint64_t load(const char* at)
     {
-        Word word;
-        std::memcpy(&word, at, sizeof word);
-        return word;
+        Word loaded;
+        std::memcpy(&loaded, at, sizeof loaded);
+        return loaded;
     }
+
+    static std::uint64_t word(const char* at) { return load<std::uint64_t>(at); }
 
     // Up to eight bytes by loads that overlap.
     static std::uint64_t shortWord(const char* at, std::size_t size)
@@ -54,13 +56,16 @@ private:
         return byte(0) << 16 | byte(size / 2) << 8 | byte(size - 1);
     }
 
+    // Sixteen bytes at a time; the last ones by loads that overlap.
     static std::uint64_t ofText(std::string_view text)
     {
         const char* at = text.data();
-        std::size_t rest = text.size();
-        std::uint64_t hash = seed ^ rest;
-        for (; rest > 8; rest -= 8, at += 8) hash = mixed(hash ^ load<std::uint64_t>(at), multiplier);
-        return mixed(hash ^ shortWord(at, rest), multiplier);
+        const char* const end = at + text.size();
+        std::uint64_t hash = seed ^ text.size();
+        if (text.size() <= 8) return mixed(hash ^ shortWord(at, text.size()), multiplier);
+        for (; end - at > 16; at += 16) hash = mixed(hash ^ word(at), multiplier ^ word(at + 8));
+        const char* const last = text.size() < 16 ? text.data() : end - 16;
+        return mixed(hash ^ word(last), multiplier ^ word(end - 8));
     }
 };
 

@@ -63,14 +63,20 @@ void NumberIdentifier::setHistory(const std::vector<Number>& numbers)
     history_.assign(numbers);
 }
 
-void NumberIdentifier::replaceNumber(std::optional<Number> number)
+void NumberIdentifier::replaceNumber(Number number)
 {
+    const double reading = number.doubleValue();
     const std::lock_guard lock(historyLock_);
     mValue_.replaceNumberAlone(number);
-    if (!number) return history_.dropOldest();
-    const double reading = number->doubleValue();
     history_.push(reading);
     updateExtremes(reading);
+}
+
+void NumberIdentifier::clearNumber()
+{
+    const std::lock_guard lock(historyLock_);
+    mValue_.clearNumberAlone();
+    history_.dropOldest();
 }
 
 void NumberIdentifier::updateExtremes(double number)

@@ -80,21 +80,23 @@ public:
 private:
     template <typename, typename>
     friend class Slots::BoxingSetSlot;
-    void replaceNumber(std::optional<Platform::Number> number);
+    void replaceNumber(Platform::Number number);
+    void clearNumber();
     void updateExtremes(double number);
 
+    // What setting a number touches stands together.
     mutable Platform::Semaphore historyLock_{1};  // also lets in one writer at a time, and guards icon_
     Value mValue_;
-    const std::string identifier_;
-    const std::string name_;
-    ImageRef icon_;
-    std::atomic<std::int64_t> historySize_ = defaultHistorySize;
-    NumberHistory history_{defaultHistorySize};
     double lowest_ = 0;  // the extremes again, for the writer
     double highest_ = 0;
     bool hasExtremes_ = false;
     AtomicNumber max_;
     AtomicNumber min_;
+    NumberHistory history_{defaultHistorySize};
+    std::atomic<std::int64_t> historySize_ = defaultHistorySize;
+    const std::string identifier_;
+    const std::string name_;
+    ImageRef icon_;
 };
 
 }  // namespace Fennick

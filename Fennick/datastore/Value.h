@@ -32,12 +32,14 @@ public:
     std::string description() const override;
 
     // For an owner that lets in one writer at a time.
-    void replaceNumberAlone(std::optional<Platform::Number> number) { rawValue_.storeAlone(number); }
+    void replaceNumberAlone(Platform::Number number) { rawValue_.storeAlone(number); }
+    void clearNumberAlone() { rawValue_.clearAlone(); }
 
 private:
     template <typename, typename>
     friend class Slots::BoxingSetSlot;
-    void replaceNumber(std::optional<Platform::Number> number) { rawValue_.store(number); }
+    void replaceNumber(Platform::Number number) { rawValue_.store(number); }
+    void clearNumber() { rawValue_.clear(); }
 
     std::string wholeText(const Platform::Number& number) const;
     std::string percentageText(const Platform::Number& number) const;

@@ -1,3 +1,5 @@
+#include <cmath>
+#include <deque>
 #include <random>
 #include <string>
 #include <vector>
@@ -8,6 +10,7 @@
 #include "Fennick/datastore/NumberTexts.h"
 #include "Fennick/datastore/Value.h"
 #include "bench/datastore/Measure.h"
+#include "tests/fakes/FakeEnvironment.h"
 
 namespace Bench {
 
@@ -16,9 +19,9 @@ namespace {
 using icu::number::LocalizedNumberFormatter;
 using icu::number::Precision;
 
-LocalizedNumberFormatter reused(UNumberFormatRoundingMode mode, int least)
+LocalizedNumberFormatter reused(UNumberFormatRoundingMode mode, int least, const char* locale = "en_US_POSIX")
 {
-    return icu::number::NumberFormatter::withLocale(icu::Locale("en_US_POSIX"))
+    return icu::number::NumberFormatter::withLocale(icu::Locale(locale))
         .precision(Precision::minMaxFraction(least, 2))
         .roundingMode(mode)
         .grouping(UNUM_GROUPING_OFF);
@@ -31,20 +34,55 @@ std::string written(const LocalizedNumberFormatter& formatter, double number)
     return formatter.formatDouble(number, status).toString(status).toUTF8String(text);
 }
 
-// Calls the body with one number after the other.
-template <typename Body>
-double over(const std::vector<double>& numbers, const Body& body)
+// Calls the body with one element after the other.
+template <typename Elements, typename Body>
+double over(const Elements& elements, const Body& body)
 {
     std::size_t at = 0;
-    return nanoseconds([&] { benchmark::DoNotOptimize(body(numbers[at++ % numbers.size()])); }, 20'000);
+    return nanoseconds([&] { benchmark::DoNotOptimize(body(elements[at++ % elements.size()])); }, 20'000);
+}
+
+// How many of a million random numbers read otherwise than the library writes them, in the current locale.
+template <typename Ours>
+int differences(const LocalizedNumberFormatter& formatter, const Ours& ours)
+{
+    std::mt19937_64 random(3);
+    int differing = 0;
+    for (int count = 0; count < 1'000'000; ++count) {
+        double number = static_cast<double>(static_cast<std::int64_t>(random() % 2'000'000'001) - 1'000'000'000);
+        number /= std::pow(10.0, static_cast<int>(random() % 10));
+        if (random() % 2) number = std::nextafter(number, 0);
+        differing += ours(number) != written(formatter, number);
+    }
+    return differing;
 }
 
 }  // namespace
 
+int textProof()
+{
+    int all = 0;
+    for (const char* name : {"en_US", "de_DE", "fr_FR", "ar_EG", "hi_IN", "en_US_POSIX"}) {
+        Tests::ReplacedEnvironment environment;
+        environment->set("LC_ALL", name);
+        const int fixed = differences(reused(UNUM_ROUND_DOWN, 2, name),
+                                      [](double number) { return Fennick::fixedDecimalsText(2, number); });
+        Fennick::Value value(Fennick::IdentifierCategory::percentage, true, 2);
+        const int percentages = differences(reused(UNUM_ROUND_HALFEVEN, 0, name), [&](double number) {
+            value.set(number);
+            const std::string text = value.description();
+            return text.substr(0, text.size() - 2);
+        });
+        std::printf("%-12s of a million each: %d fixed decimals, %d percentages differ\n", name, fixed, percentages);
+        all += fixed + percentages;
+    }
+    return all;
+}
+
 void texts()
 {
     std::mt19937_64 random(1);
-    std::vector<double> numbers(4096);
+    std::vector<double> numbers(512);
     for (double& number : numbers) number = static_cast<double>(random() % 100'000'000) / 997.0;
 
     const auto cutting = reused(UNUM_ROUND_DOWN, 2);
@@ -52,13 +90,12 @@ void texts()
         over(numbers, [](double number) { return Fennick::fixedDecimalsText(2, number); }),
         over(numbers, [&](double number) { return written(cutting, number); }), "8");
 
-    Fennick::Value value(Fennick::IdentifierCategory::percentage, true, 2);
+    std::deque<Fennick::Value> values;
+    for (const double number : numbers) {
+        values.emplace_back(Fennick::IdentifierCategory::percentage, true, 2).set(number);
+    }
     const auto rounding = reused(UNUM_ROUND_HALFEVEN, 0);
-    const auto percentage = [&](double number) {
-        value.set(number);
-        return value.description();
-    };
-    row("percentage text", "ICU, formatter reused", over(numbers, percentage),
+    row("percentage text", "ICU, formatter reused", over(values, [](const auto& each) { return each.description(); }),
         over(numbers, [&](double number) { return written(rounding, number) + " %"; }), "8");
 
     const auto formatSize = [](double number) {

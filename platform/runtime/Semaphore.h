@@ -2,13 +2,12 @@
 
 #include <atomic>
 #include <chrono>
-#include <condition_variable>
-#include <mutex>
+#include <cstdint>
 
 namespace Platform {
 
-// A counting semaphore; two atomic steps where nobody has to wait. With a count
-// of one it serves as a lock (std::lock_guard takes it). Thread: any.
+// A counting semaphore of eight bytes; two atomic steps where nobody has to wait.
+// With a count of one it serves as a lock (std::lock_guard takes it). Thread: any.
 class Semaphore {
 public:
     explicit Semaphore(int count) : count_(count) {}
@@ -32,12 +31,11 @@ public:
 private:
     void sleep();
     void wakeOne();
+    bool takesWakeUp();
     bool takesBackItsClaim();
 
-    std::atomic<int> count_;  // below zero: so many wait
-    std::mutex mutex_;
-    std::condition_variable woken_;
-    int wakeUps_ = 0;
+    std::atomic<int> count_;                  // below zero: so many wait
+    std::atomic<std::uint32_t> wakeUps_ = 0;  // given to those who wait, not yet taken
 };
 
 }  // namespace Platform

@@ -102,24 +102,21 @@ std::optional<NumberSymbols> NumberFormatter::readSymbols() const
     return symbols;
 }
 
-std::optional<std::string> NumberFormatter::arithmeticText(const Number& number) const
+std::optional<ScaledNumber> NumberFormatter::arithmeticValue(const Number& number) const
 {
     if (!symbols_) return std::nullopt;
-    if (number.isFloatingPoint()) {
-        const auto value = scaled(number.doubleValue(), style_.maximumFractionDigits, style_.rounding);
-        if (!value) return std::nullopt;
-        return plainText(*value, *symbols_, style_.maximumFractionDigits, style_.minimumFractionDigits);
-    }
+    if (number.isFloatingPoint()) return scaled(number.doubleValue(), style_.maximumFractionDigits, style_.rounding);
     if (style_.minimumFractionDigits > 0) return std::nullopt;
     const bool isNegative = !number.isUnsigned64() && number.int64Value() < 0;
-    const std::uint64_t magnitude = isNegative ? 0 - number.uint64Value() : number.uint64Value();
-    return plainText({magnitude, isNegative}, *symbols_, 0, 0);
+    return ScaledNumber{isNegative ? 0 - number.uint64Value() : number.uint64Value(), isNegative};
 }
 
 std::optional<std::string> NumberFormatter::text(const Number& number) const
 {
-    if (auto text = arithmeticText(number)) return text;
-    return libraryText(number);
+    const std::optional<ScaledNumber> value = arithmeticValue(number);
+    if (!value) return libraryText(number);
+    if (!number.isFloatingPoint()) return plainText(*value, *symbols_, 0, 0);
+    return plainText(*value, *symbols_, style_.maximumFractionDigits, style_.minimumFractionDigits);
 }
 
 }  // namespace Platform

@@ -26,7 +26,7 @@ private:
     struct Library;
 
     std::optional<NumberSymbols> readSymbols() const;
-    std::optional<std::string> arithmeticText(const Number& number) const;
+    std::optional<ScaledNumber> arithmeticValue(const Number& number) const;
 
     NumberStyle style_;
     std::unique_ptr<Library> library_;

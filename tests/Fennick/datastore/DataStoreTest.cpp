@@ -29,8 +29,9 @@ protected:
 };
 
 template <typename T>
-void incrementsWithinItsType(IDataStore& store, const char* key)
+void incrementsWithinItsType(IDataStore& store)
 {
+    const char* key = "cpu";
     store.set(T(3), key);
     store.increment(T(5), key);
     EXPECT_EQ(store.valueFor(key), Number(8));
@@ -45,20 +46,46 @@ void incrementsWithinItsType(IDataStore& store, const char* key)
     EXPECT_EQ(store.valueFor(key), std::nullopt);
 }
 
+template <typename... Types>
+void increment(IDataStore& store)
+{
+    (incrementsWithinItsType<Types>(store), ...);
+}
+
+// A whole type cuts the fraction and wraps to its width.
 template <typename T>
-void readsAs(IDataStore& store, T expected)
+T cut(double number)
+{
+    if constexpr (std::integral<T>) return static_cast<T>(static_cast<std::int64_t>(number));
+    return T(static_cast<T>(number));
+}
+
+template <typename T>
+void readsAs(IDataStore& store)
 {
     store.set(-1.75, "cpu");
-    EXPECT_EQ(store.valueAs<T>("cpu"), expected);
+    EXPECT_EQ(store.valueAs<T>("cpu"), cut<T>(-1.75));
     EXPECT_EQ(store.valueAs<T>("missing"), T(0));
 }
 
 template <typename T>
-void historyReadsAs(IDataStore& store, T expected)
+void readsHistoryAs(IDataStore& store)
 {
     store.set(300.1, "cpu");
-    EXPECT_EQ(store.historyAs<T>("cpu").back(), expected);
+    EXPECT_EQ(store.historyAs<T>("cpu").back(), cut<T>(300.1));
     EXPECT_TRUE(store.historyAs<T>("missing").empty());
+}
+
+template <typename... Types>
+void read(IDataStore& store)
+{
+    (readsAs<Types>(store), ...);
+}
+
+template <typename... Types>
+void readHistory(IDataStore& store)
+{
+    (readsHistoryAs<Types>(store), ...);
 }
 
 }  // namespace
@@ -117,43 +144,17 @@ TEST_F(DataStoreWithReadings, WritesOnlyWhatStandsUnderTheKeyItself)
 
 TEST_F(DataStoreWithReadings, IncrementsInEachType)
 {
-    incrementsWithinItsType<long>(store, "cpu");
-    incrementsWithinItsType<short>(store, "cpu");
-    incrementsWithinItsType<int>(store, "cpu");
-    incrementsWithinItsType<long long>(store, "cpu");
-    incrementsWithinItsType<unsigned long>(store, "cpu");
-    incrementsWithinItsType<unsigned short>(store, "cpu");
-    incrementsWithinItsType<unsigned int>(store, "cpu");
-    incrementsWithinItsType<unsigned long long>(store, "cpu");
-    incrementsWithinItsType<float>(store, "cpu");
-    incrementsWithinItsType<double>(store, "cpu");
+    increment<long, short, int, long long, unsigned long, unsigned short, unsigned int, unsigned long long, float,
+              double>(store);
 }
 
 TEST_F(DataStoreWithReadings, ReadsInEachType)
 {
-    readsAs<long>(store, -1);
-    readsAs<unsigned long>(store, ~0UL);
-    readsAs<signed char>(store, -1);
-    readsAs<unsigned char>(store, 255);
-    readsAs<short>(store, -1);
-    readsAs<unsigned short>(store, 65535);
-    readsAs<int>(store, -1);
-    readsAs<unsigned int>(store, ~0U);
-    readsAs<long long>(store, -1);
-    readsAs<unsigned long long>(store, ~0ULL);
-    readsAs<float>(store, -1.75F);
-    readsAs<double>(store, -1.75);
-    historyReadsAs<signed char>(store, 44);
-    historyReadsAs<short>(store, 300);
-    historyReadsAs<int>(store, 300);
-    historyReadsAs<long long>(store, 300);
-    historyReadsAs<unsigned char>(store, 44);
-    historyReadsAs<unsigned short>(store, 300);
-    historyReadsAs<unsigned int>(store, 300);
-    historyReadsAs<unsigned long long>(store, 300);
-    historyReadsAs<float>(store, 300.1F);
-    historyReadsAs<CGFloat>(store, CGFloat(300.1F));
-    historyReadsAs<double>(store, 300.1);
+    read<long, unsigned long, signed char, unsigned char, short, unsigned short, int, unsigned int, long long,
+         unsigned long long, float, double>(store);
+    readHistory<signed char, short, int, long long, unsigned char, unsigned short, unsigned int, unsigned long long,
+                float, double>(store);
+    EXPECT_EQ(store.historyAs<CGFloat>("cpu").back(), CGFloat(300.1F));
 }
 
 TEST_F(DataStoreWithReadings, GivesEveryIdentifierItsHistoryLength)

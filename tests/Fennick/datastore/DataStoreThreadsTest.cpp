@@ -88,7 +88,7 @@ TEST(AtomicNumber, IsReadWhole)
             while (!isOver) {
                 number.store(Platform::Number(1000.5 * writer));
                 number.store(Platform::Number(7 * writer));
-                number.store(std::nullopt);
+                number.clear();
             }
         });
     }

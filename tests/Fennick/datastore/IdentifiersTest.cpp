@@ -7,6 +7,7 @@
 #include "Fennick/datastore/NumberIdentifier.h"
 #include "Fennick/datastore/StringIdentifier.h"
 #include "Fennick/datastore/WrappedIdentifier.h"
+#include "tests/Fennick/datastore/Heap.h"
 #include "tests/fakes/FakeEnvironment.h"
 
 using namespace Fennick;
@@ -37,6 +38,12 @@ void setsLike(char code)
     EXPECT_EQ(provider.description(), "-");
 }
 
+template <typename... Types>
+void setLike(const char* codes)
+{
+    (setsLike<Types>(*codes++), ...);
+}
+
 template <typename T>
 concept CanBeSet = requires(Value value, T number)
 {
@@ -47,18 +54,9 @@ concept CanBeSet = requires(Value value, T number)
 
 TEST(Value, RemembersTheTypeThatItWasSetFrom)
 {
-    setsLike<long>('q');
-    setsLike<signed char>('c');
-    setsLike<short>('s');
-    setsLike<int>('i');
-    setsLike<long long>('q');
-    setsLike<unsigned long>('Q');
-    setsLike<unsigned char>('C');
-    setsLike<unsigned short>('S');
-    setsLike<unsigned int>('I');
-    setsLike<unsigned long long>('Q');
-    setsLike<float>('f');
-    setsLike<double>('d');
+    setLike<long, signed char, short, int, long long>("qcsiq");
+    setLike<unsigned long, unsigned char, unsigned short, unsigned int, unsigned long long>("QCSIQ");
+    setLike<float, double>("fd");
     static_assert(!CanBeSet<bool> && !CanBeSet<char> && !CanBeSet<long double> && CanBeSet<int>);
 }
 
@@ -161,24 +159,38 @@ TEST(NumberIdentifier, RebuildsItsHistoryToAnySize)
 TEST(NumberHistory, SlidesLikeAListThroughEveryMixOfChanges)
 {
     NumberHistory ring(4);
-    std::vector<double> model(4, 0);
+    std::vector<Number> model(4, 0.0);
     unsigned random = 1;
     for (int step = 0; step < 5000; ++step) {
         random = random * 1664525 + 1013904223;
         const auto choice = random >> 28;
-        if (choice < 11 || choice == 11) {
+        if (choice < 12) {
             if (!model.empty()) model.erase(model.begin());
-            if (choice < 11) model.push_back(step);
-            choice < 11 ? ring.push(step) : ring.dropOldest();
+            if (choice < 11) model.emplace_back(step + 0.5);
+            choice < 11 ? ring.push(step + 0.5) : ring.dropOldest();
         } else if (choice < 14) {
-            model.assign(choice - 9, 0);
+            model.assign(choice - 9, 0.0);
             ring.fillWithZeros(choice - 9);
         } else {
-            model.assign(random >> 20 & 15, step);
-            ring.assign(std::vector<Number>(model.begin(), model.end()));
+            model.assign(random >> 20 & 15, choice == 14 ? Number(step) : Number(step + 0.5));
+            ring.assign(model);
         }
-        ASSERT_EQ(doubles(ring.numbers()), model);
+        const auto numbers = ring.numbers();
+        ASSERT_EQ(numbers, model);
+        for (std::size_t at = 0; at < model.size(); ++at) ASSERT_EQ(numbers[at].kind(), model[at].kind());
     }
+}
+
+TEST(NumberIdentifier, TakesNothingFromTheHeapOnceItIsMade)
+{
+    NumberIdentifier identifier("key");
+    const auto before = Tests::Heap::allocations.load();
+    for (int step = 0; step < 1000; ++step) {
+        identifier.set(step * 0.5);
+        identifier.set(std::optional<int>());
+        identifier.setHistorySize(step % 60);
+    }
+    EXPECT_EQ(Tests::Heap::allocations, before);
 }
 
 TEST(StringIdentifier, KeepsANumberBehindItsText)

@@ -31,23 +31,13 @@ std::string formattedByteCount(std::uint64_t bytes)
 
 TEST(ByteCountText, ChoosesTheUnitAndDropsTrailingZeros)
 {
-    for (const auto& [bytes, expected] :
-         std::initializer_list<std::pair<std::uint64_t, const char*>>{{0, "0 B"},
-                                                                      {100, "100 B"},
-                                                                      {1000, "1000 B"},
-                                                                      {1023, "1023 B"},
-                                                                      {1024, "1 KB"},
-                                                                      {1100, "1.07 KB"},
-                                                                      {1029, "1 KB"},
-                                                                      {1536, "1.5 KB"},
-                                                                      {1048575, "1024 KB"},
-                                                                      {1048576, "1 MB"},
-                                                                      {1572864, "1.5 MB"},
-                                                                      {10737418240, "10 GB"},
-                                                                      {1ULL << 40, "1 TB"},
-                                                                      {1ULL << 50, "1 PB"},
-                                                                      {1ULL << 60, "1 EB"},
-                                                                      {~0ULL, "16 EB"}}) {
+    struct Row {
+        std::uint64_t bytes;
+        const char* expected;
+    };
+    for (const auto& [bytes, expected] : {Row{0, "0 B"}, Row{100, "100 B"}, Row{1023, "1023 B"}, Row{1024, "1 KB"},
+                                          Row{1100, "1.07 KB"}, Row{1536, "1.5 KB"}, Row{1048575, "1024 KB"},
+                                          Row{1572864, "1.5 MB"}, Row{10737418240, "10 GB"}, Row{~0ULL, "16 EB"}}) {
         EXPECT_EQ(byteCountText(bytes), expected);
     }
 }
