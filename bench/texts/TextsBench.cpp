@@ -1,4 +1,5 @@
-// Versions, durations and dates beside the C library, the package manager, ICU and fmt.
+// Versions, durations, rates and dates beside the C library, the package manager, ICU and fmt.
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -14,6 +15,7 @@
 #include "Fennick/DateUtilities.h"
 #include "Fennick/TimeUtilities.h"
 #include "Fennick/Version.h"
+#include "Fennick/disk/DiskUtilities.h"
 #include "bench/Interleaved.h"
 
 namespace {
@@ -79,6 +81,19 @@ void durations()
                      }}});
 }
 
+void rates()
+{
+    std::uint64_t rate = 123'456'789;
+    Bench::compare("transfer rate", {{"Fennick", [&] { Bench::keep(Fennick::DiskUtilities::rateText(rate, false)); }},
+                                     {"fmt", [&] {
+                                          const double megabytes = static_cast<double>(rate) / (1 << 20);
+                                          Bench::keep(fmt::format("{:.2f} MB/s", megabytes));
+                                      }}});
+    Bench::compare("compact transfer rate",
+                   {{"Fennick", [&] { Bench::keep(Fennick::DiskUtilities::compactRateText(rate, true)); }},
+                    {"fmt", [&] { Bench::keep(fmt::format("{} Mb/s", rate / 125'000)); }}});
+}
+
 void dates()
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -110,5 +125,6 @@ int main()
 {
     versions();
     durations();
+    rates();
     dates();
 }

@@ -36,12 +36,13 @@ public:
         return true;
     }
 
-    void expect(char wanted) { failed_ |= !optional(wanted); }
+    void expect(char wanted) { require(optional(wanted)); }
+    void require(bool holds) { failed_ |= !holds; }
 
     double fraction()
     {
         const std::size_t length = std::min(rest_.find_first_not_of("0123456789"), rest_.size());
-        failed_ |= length == 0;
+        require(length > 0);
         double value = 0;
         for (std::size_t i = length; i-- > 0;) value = (value + (rest_[i] - '0')) / 10;
         rest_.remove_prefix(length);
@@ -63,7 +64,9 @@ int offsetSeconds(Scanner& scanner)
     if (sign > 0) scanner.expect('+');
     const int hours = scanner.digits(2);
     scanner.optional(':');
-    return sign * (hours * 3600 + scanner.digits(2) * 60);
+    const int minutes = scanner.digits(2);
+    scanner.require(hours < 24 && minutes < 60);
+    return sign * (hours * 3600 + minutes * 60);
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -13,7 +12,8 @@ using Fennick::Profiler;
 
 namespace {
 
-std::string printed(const std::function<void()>& block)
+template <typename Block>
+std::string printed(const Block& block)
 {
     testing::internal::CaptureStdout();
     block();
@@ -25,7 +25,6 @@ std::string printed(const std::function<void()>& block)
 TEST(Profiler, PrintsTheTimeSinceTheLatestStartOnce)
 {
     const Tests::ReplacedClock clock;
-    EXPECT_EQ(printed([] { Profiler::stop("a"); }), "");
     Profiler::start("a");
     clock->advance(5);
     Profiler::start("a");

@@ -31,7 +31,6 @@ public:
     void set(const std::string& name, std::string value) { variables_[name] = std::move(value); }
     void unset(const std::string& name) { variables_.erase(name); }
     void setHome(std::string path) { home_ = std::move(path); }
-    void setUserName(std::string name) { user_ = std::move(name); }
 
 private:
     std::map<std::string, std::string> variables_;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -45,8 +44,6 @@ public:
     {
         std::erase_if(running_, [&](const auto& running) { return running.bundleIdentifier() == identifier; });
     }
-    // It is told to quit, and stays.
-    void refuseTermination(const std::string& identifier) { refusing_.insert(identifier); }
 
     const std::vector<Platform::RunningApplication>& askedToQuit() const { return askedToQuit_; }
     // Requests in their order, granted or not.
@@ -61,7 +58,7 @@ public:
         if (std::find(running_.begin(), running_.end(), application) == running_.end()) return false;
         const auto asked = application;  // may be an element of the list
         askedToQuit_.push_back(asked);
-        if (!refusing_.contains(asked.bundleIdentifier().value_or(""))) std::erase(running_, asked);
+        std::erase(running_, asked);
         return true;
     }
 
@@ -96,7 +93,6 @@ public:
 private:
     std::map<std::string, std::optional<std::string>> installed_;
     std::vector<Platform::RunningApplication> running_;
-    std::set<std::string> refusing_;
     std::vector<Platform::RunningApplication> askedToQuit_;
     std::vector<Platform::Url> openRequests_;
     std::vector<Platform::Url> openedURLs_;

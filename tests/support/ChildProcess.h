@@ -37,8 +37,6 @@ public:
     ~ChildProcess();
 
     pid_t pid() const { return pid_; }
-    // Readable once the process has ended.
-    int pidDescriptor() const { return pidDescriptor_.get(); }
     bool hasEnded() { return wait(std::chrono::seconds(0)).has_value(); }
 
     // The exit code, or 128 and the signal's number; absent while it still runs

@@ -1,3 +1,4 @@
+#include <map>
 #include <unordered_set>
 
 #include <gtest/gtest.h>
@@ -96,18 +97,12 @@ TEST(AnyCoding, RefusesWithFixedWordsAndThePath)
             encoded(AnyDictionary{{"a", AnyArray{0, refused}}});
             ADD_FAILURE();
         } catch (const Platform::EncodingError& error) {
-            EXPECT_EQ(error.description(), "AnyEncodable value cannot be encoded");
-            EXPECT_EQ(pathText(error.codingPath()), "a[1]");
+            EXPECT_STREQ(error.what(), "a[1]: AnyEncodable value cannot be encoded");
             EXPECT_EQ(std::any_cast<AnyValue>(error.value()), refused);
         }
     }
     Platform::ValueTape tape;
-    tape.beginDictionary();
-    tape.key("when");
-    tape.beginArray();
-    tape.date(Platform::Date(0));
-    tape.endArray();
-    tape.endDictionary();
+    Platform::Encoder::write(std::map<std::string, std::vector<Platform::Date>>{{"when", {Platform::Date(0)}}}, tape);
     Platform::TapeSource source(tape);
     try {
         Platform::Decoder(source).keyedContainer().decode<AnyDecodable>("when");
@@ -115,7 +110,6 @@ TEST(AnyCoding, RefusesWithFixedWordsAndThePath)
     } catch (const Platform::DecodingError& error) {
         EXPECT_STREQ(error.what(), "when[0]: AnyDecodable value cannot be decoded");
     }
-    EXPECT_THROW(decoded("[1,{\"a\":[1e999]}]"), Platform::DecodingError);
 }
 
 TEST(AnyValueTest, CopiesAreIndependent)
@@ -146,12 +140,12 @@ TEST(AnyValueTest, EqualValuesHashAlikeAndNumbersCompareByValue)
         {AnyDictionary{{"a", 1}, {"b", 2}}, AnyDictionary{{"b", 2}, {"a", 1}}},
         {Platform::Date(1)},
     };
-    for (std::size_t i = 0; i < groups.size(); ++i) {
-        for (std::size_t j = 0; j < groups.size(); ++j) {
-            for (const AnyValue& a : groups[i]) {
-                for (const AnyValue& b : groups[j]) {
-                    EXPECT_EQ(a == b, i == j) << i << ' ' << j;
-                    EXPECT_TRUE(i != j || a.hash() == b.hash()) << i;
+    for (const auto& group : groups) {
+        for (const auto& other : groups) {
+            for (const AnyValue& a : group) {
+                for (const AnyValue& b : other) {
+                    EXPECT_EQ(a == b, &group == &other);
+                    EXPECT_TRUE(a != b || a.hash() == b.hash());
                 }
             }
         }

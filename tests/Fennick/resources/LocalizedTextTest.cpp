@@ -16,9 +16,9 @@ namespace {
 
 constexpr const char* locales[] = {"en_US", "de_DE", "fr_FR", "es_ES", "it_IT", "ru_RU", "ar_EG", "ja_JP", "zh_CN"};
 
-std::shared_ptr<Bundle> bundleWith(const Tests::TemporaryDirectory& folder, const std::string& pairs)
+std::shared_ptr<Bundle> bundleWith(const Tests::TemporaryDirectory& folder, const char* file, const std::string& pairs)
 {
-    folder.write("T.bundle/en.lproj/Localizable.strings", "<plist version=\"1.0\"><dict>" + pairs + "</dict></plist>");
+    folder.write(std::string("T.bundle/") + file, "<plist version=\"1.0\"><dict>" + pairs + "</dict></plist>");
     return Bundle::open(folder / "T.bundle");
 }
 
@@ -44,7 +44,8 @@ TEST(LocalizedText, ShowsTheKeyUnlessTheTextKeepsItsPromise)
     };
     for (const auto& given : cases) {
         const Tests::TemporaryDirectory folder;
-        const auto bundle = bundleWith(folder, std::string("<key>K</key><string>") + given.text + "</string>");
+        const auto bundle = bundleWith(folder, "en.lproj/Localizable.strings",
+                                       std::string("<key>K</key><string>") + given.text + "</string>");
         EXPECT_EQ(Fennick::localizedText(*bundle, "K"), given.plain) << given.text;
         EXPECT_EQ(Fennick::localizedText(*bundle, "K", -7), given.number) << given.text;
         EXPECT_EQ(Fennick::localizedText(*bundle, "K", "5%d"), given.argument) << given.text;
@@ -61,18 +62,13 @@ TEST(ResourceTables, HoldEveryKeyInEveryLanguage)
         environment->set("LANG", std::string(locale) + ".UTF-8");
         const Platform::Shared<Fennick::Resources::Found>::Override fennickAfresh;
         const Platform::Shared<Lorrel::Resources::Found>::Override lorrelAfresh;
-        for (const char* const key : {"AGO_SECONDS", "AGO_MINUTES", "HOURS_AGO", "DAYS_AGO"}) {
+        for (const auto key : {"AGO_SECONDS", "AGO_MINUTES", "HOURS_AGO", "DAYS_AGO"})
             EXPECT_NE(Fennick::Resources::text(key, 42).find("42"), std::string::npos) << key;
-        }
-        for (const char* const key : {"TODAY_AT", "YESTERDAY_AT"}) {
+        for (const auto key : {"TODAY_AT", "YESTERDAY_AT"})
             EXPECT_NE(Fennick::Resources::text(key, "9:41").find("9:41"), std::string::npos) << key;
-        }
-        for (const char* const key : {"ONE_MINUTE_AGO", "ONE_HOUR_AGO", "YESTERDAY"}) {
-            EXPECT_NE(Fennick::Resources::text(key), key);
-        }
-        for (const char* const key : {"UNKNOWN_COMPUTER_NAME", "NO", "YES", "CANCEL", "ALLOW"}) {
+        for (const auto key : {"ONE_MINUTE_AGO", "ONE_HOUR_AGO"}) EXPECT_NE(Fennick::Resources::text(key), key);
+        for (const auto key : {"UNKNOWN_COMPUTER_NAME", "NO", "YES", "CANCEL", "ALLOW"})
             EXPECT_NE(Lorrel::Resources::text(key), key);
-        }
         EXPECT_EQ(Lorrel::Resources::text("UNKNOWN_MACOS_VERSION"), "Linux");
         yesterdays.insert(Fennick::Resources::text("YESTERDAY"));
     }
@@ -83,8 +79,7 @@ TEST(BundleTexts, FallBackWhereTheDictionaryHasNoText)
 {
     const Tests::TemporaryDirectory folder;
     const auto textsOf = [&](const std::string& pairs) {
-        folder.write("B.bundle/Info.plist", "<plist version=\"1.0\"><dict>" + pairs + "</dict></plist>");
-        const auto bundle = Bundle::open(folder / "B.bundle");
+        const auto bundle = bundleWith(folder, "Info.plist", pairs);
         return Fennick::bundleName(*bundle) + " " + Fennick::shortVersion(*bundle);
     };
     const std::string version = "<key>CFBundleShortVersionString</key>";
