@@ -46,7 +46,8 @@ TEST(UnitSizes, StepByTheirBase)
 {
     EXPECT_EQ(Constants::exbibyte(), 1'152'921'504'606'846'976);
     EXPECT_EQ(Constants::exbibyte(), Constants::bytesPerPebibyte * Constants::kibibyte());
-    EXPECT_EQ(Constants::mebibyte() * Constants::gibibyte(), Constants::bytesPerPebibyte);
+    EXPECT_EQ(Constants::tebibyte() * Constants::kibibyte(), Constants::mebibyte() * Constants::bytesPerGibibyte);
     EXPECT_EQ(Constants::exa(), 1'000'000'000'000'000'000);
+    EXPECT_EQ(Constants::mega() * Constants::giga(), Constants::tera() * Constants::unitsPerKilo);
     EXPECT_EQ(Constants::mega() * Constants::giga(), Constants::peta());
 }
