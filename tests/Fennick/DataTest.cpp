@@ -45,7 +45,8 @@ TEST(DataTexts, MatchTheKnownDigestsAndTheUrlAlphabet)
 {
     EXPECT_EQ(md5({}), "d41d8cd98f00b204e9800998ecf8427e");
     EXPECT_EQ(md5(bytesOf("abc")), "900150983cd24fb0d6963f7d28e17f72");
-    EXPECT_EQ(md5(bytesOf(std::string(80, '1') + "234567890")), "c231ca3ae1b330a3b65f9a08aa51ea1d");
+    const std::string message = std::string(80, '1').append("234567890");
+    EXPECT_EQ(md5(bytesOf(message)), "c231ca3ae1b330a3b65f9a08aa51ea1d");
     EXPECT_EQ(base64URLString(bytesOf("\xfb\xff")), "-_8");
     const std::string input = "foobar\xff\xfe";
     const char* const expected[] = {"",        "Zg",       "Zm8",        "Zm9v",       "Zm9vYg",
