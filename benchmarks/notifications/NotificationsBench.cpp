@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/notifications/peers/Program.h"
+#include "benchmarks/notifications/peers/Program.h"
 
 namespace {
 

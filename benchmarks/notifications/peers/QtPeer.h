@@ -5,7 +5,7 @@
 #include <QDBusMessage>
 #include <utility>
 
-#include "bench/notifications/peers/Peer.h"
+#include "benchmarks/notifications/peers/Peer.h"
 
 class QtPeer : public QObject, public Bench::Peer {
     Q_OBJECT

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-#include "bench/notifications/peers/Peer.h"
+#include "benchmarks/notifications/peers/Peer.h"
 
 namespace {
 

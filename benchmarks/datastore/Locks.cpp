@@ -8,7 +8,7 @@
 #include <boost/asio/thread_pool.hpp>
 #include <tbb/spin_rw_mutex.h>
 
-#include "bench/datastore/Measure.h"
+#include "benchmarks/datastore/Measure.h"
 #include "platform/runtime/Queue.h"
 
 namespace Bench {

@@ -15,8 +15,8 @@
 #include <unistd.h>
 
 #include "Lorrel/files/FileMonitor.h"
-#include "bench/files/Benches.h"
-#include "bench/files/Measured.h"
+#include "benchmarks/files/Benches.h"
+#include "benchmarks/files/Measured.h"
 #include "platform/runtime/RunLoop.h"
 
 namespace Bench {

@@ -1,7 +1,7 @@
 #include <memory>
 #include <utility>
 
-#include "bench/notifications/peers/Peer.h"
+#include "benchmarks/notifications/peers/Peer.h"
 #include "platform/runtime/RunLoop.h"
 #include "platform/session/DistributedNotificationCenter.h"
 

@@ -16,7 +16,7 @@
 #include "Fennick/TimeUtilities.h"
 #include "Fennick/Version.h"
 #include "Fennick/disk/DiskUtilities.h"
-#include "bench/Interleaved.h"
+#include "benchmarks/Interleaved.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "bench/notifications/peers/Program.h"
+#include "benchmarks/notifications/peers/Program.h"
 
 #include <algorithm>
 #include <csignal>

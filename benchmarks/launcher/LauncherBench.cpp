@@ -18,7 +18,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include "bench/notifications/peers/Program.h"
+#include "benchmarks/notifications/peers/Program.h"
 #include "platform/session/DistributedNotificationCenter.h"
 
 namespace {

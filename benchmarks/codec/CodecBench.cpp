@@ -9,7 +9,7 @@
 #include <zlib.h>
 
 #include "Fennick/Data.h"
-#include "bench/Interleaved.h"
+#include "benchmarks/Interleaved.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include "Fennick/datastore/DataStore.h"
 #include "Fennick/datastore/WrappedIdentifier.h"
-#include "bench/datastore/Measure.h"
+#include "benchmarks/datastore/Measure.h"
 
 namespace Bench {
 

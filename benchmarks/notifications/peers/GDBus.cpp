@@ -2,7 +2,7 @@
 
 #include <gio/gio.h>
 
-#include "bench/notifications/peers/Peer.h"
+#include "benchmarks/notifications/peers/Peer.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <boost/geometry/geometries/point_xy.hpp>
 
 #include "Fennick/RamerDouglasPeucker.h"
-#include "bench/Interleaved.h"
+#include "benchmarks/Interleaved.h"
 
 namespace {
 

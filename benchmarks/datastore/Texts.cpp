@@ -9,7 +9,7 @@
 
 #include "Fennick/datastore/NumberTexts.h"
 #include "Fennick/datastore/Value.h"
-#include "bench/datastore/Measure.h"
+#include "benchmarks/datastore/Measure.h"
 #include "tests/fakes/FakeEnvironment.h"
 
 namespace Bench {

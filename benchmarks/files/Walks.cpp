@@ -10,8 +10,8 @@
 #include <unistd.h>
 
 #include "Lorrel/files/Path.h"
-#include "bench/files/Benches.h"
-#include "bench/files/Measured.h"
+#include "benchmarks/files/Benches.h"
+#include "benchmarks/files/Measured.h"
 
 namespace Bench {
 

@@ -1,4 +1,4 @@
-#include "bench/notifications/peers/Peer.h"
+#include "benchmarks/notifications/peers/Peer.h"
 
 #include <algorithm>
 #include <chrono>

@@ -5,8 +5,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "bench/files/Benches.h"
-#include "bench/files/Measured.h"
+#include "benchmarks/files/Benches.h"
+#include "benchmarks/files/Measured.h"
 #include "platform/bundle/UserDefaults.h"
 
 namespace Bench {

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "bench/files/Benches.h"
+#include "benchmarks/files/Benches.h"
 
 int main()
 {

@@ -1,4 +1,4 @@
-#include "bench/notifications/peers/QtPeer.h"
+#include "benchmarks/notifications/peers/QtPeer.h"
 
 int main(int argc, char** argv)
 {
