@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "examples/pellora/AutoStart.h"
+#include "examples/pellora/StatusDisplay.h"
 #include "platform/runtime/Log.h"
 
 namespace Pellora {
@@ -10,6 +11,7 @@ namespace Pellora {
 MainAppDelegate::MainAppDelegate(std::unique_ptr<Lorrel::IAutoStartController> autoStart, Settings settings)
     : autoStart_(std::move(autoStart)), settings_(std::move(settings))
 {
+    prepareDesktop();
 }
 
 void MainAppDelegate::applicationDidFinishLaunching()
@@ -22,6 +24,8 @@ void MainAppDelegate::applicationDidFinishLaunching()
     monitor_ = monitorFor(settings_);
     warnings_ = std::make_shared<LimitWarnings>(monitor_->readings(), settings_.limits);
     monitor_->addListener(warnings_);
+    display_ = statusDisplayFor(*monitor_, *autoStart_, settings_);
+    monitor_->addListener(display_);
 }
 
 }  // namespace Pellora

@@ -22,6 +22,7 @@ private:
     const Settings settings_;
     std::unique_ptr<Monitor> monitor_;
     std::shared_ptr<LimitWarnings> warnings_;
+    std::shared_ptr<Fennick::DataProviderContainerDelegate> display_;
 };
 
 }  // namespace Pellora

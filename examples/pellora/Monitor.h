@@ -22,6 +22,8 @@ public:
     Monitor& operator=(const Monitor&) = delete;
     ~Monitor();
 
+    // One reading at once, beside those of the timer.
+    void refresh() { container_->refresh(); }
     // Called after every refresh; held weakly.
     void addListener(const std::shared_ptr<Fennick::DataProviderContainerDelegate>& listener);
     const std::shared_ptr<Fennick::IDataStore>& readings() const { return readings_; }

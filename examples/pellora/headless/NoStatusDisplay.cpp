@@ -1,0 +1,13 @@
+#include "examples/pellora/StatusDisplay.h"
+
+namespace Pellora {
+
+void prepareDesktop() {}
+
+std::shared_ptr<Fennick::DataProviderContainerDelegate> statusDisplayFor(const Monitor&, Lorrel::IAutoStartController&,
+                                                                         const Settings&)
+{
+    return nullptr;
+}
+
+}  // namespace Pellora

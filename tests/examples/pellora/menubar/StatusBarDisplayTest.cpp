@@ -1,0 +1,154 @@
+#include <gtest/gtest.h>
+
+#include "examples/pellora/menubar/GraphPoints.h"
+#include "examples/pellora/menubar/StatusBarDisplay.h"
+#include "platform/menubar/StatusBar.h"
+#include "platform/ui/Image.h"
+#include "tests/examples/pellora/Machine.h"
+#include "tests/fakes/VirtualClock.h"
+#include "tests/support/EnvironmentVariable.h"
+
+namespace Pellora {
+namespace {
+
+TEST(GraphPoints, KeepWhatCanBeSeen)
+{
+    using Points = std::vector<Fennick::Point>;
+    const struct {
+        std::vector<Platform::Number> history;
+        Points expected;
+    } cases[] = {
+        {{}, {}},
+        {{50}, {}},
+        {{0, 0, 0, 0, 0}, {{0, 10}, {20, 10}}},
+        {{0, 100, 0}, {{0, 10}, {10, 0}, {20, 10}}},
+        {{-5, 200}, {{0, 10}, {20, 0}}},
+        {{50, 51, 50, 50, 50}, {{0, 5}, {20, 5}}},
+    };
+    for (const auto& [history, expected] : cases) EXPECT_EQ(graphPoints(history, 20, 10), expected);
+}
+
+struct AutoStart final : Lorrel::IAutoStartController {
+    bool isEnabled() const override { return isOn; }
+    void handleMainAppLaunch() override {}
+    void setEnabled(bool enabled) override { isOn = enabled && !refuses; }
+    void enable() override { setEnabled(true); }
+    void disable() override { setEnabled(false); }
+    bool isOn = false;
+    bool refuses = false;
+};
+
+// Without a session bus, as on a machine without a desktop.
+struct StatusBarDisplayTest : testing::Test {
+    StatusBarDisplayTest()
+    {
+        machine.write({{"proc/stat", "cpu 0 0 0 0\n"}, {"proc/loadavg", "1 2 3 1/1 1\n"}});
+        Settings settings;
+        settings.disk = "/no such disk";
+        settings.hotkey.clear();
+        monitor = monitorFor(settings);
+        display = std::make_shared<StatusBarDisplay>(*monitor, autoStart, settings);
+        monitor->addListener(display);
+    }
+
+    void refresh(const std::string& stat)
+    {
+        machine.write({{"proc/stat", stat}});
+        monitor->refresh();
+    }
+    Platform::Menu& menu() const { return *display->controller()->menu(); }
+    std::vector<std::string> lines() const
+    {
+        std::vector<std::string> titles;
+        for (const auto& item : menu().items()) titles.push_back(item->isSeparator() ? "---" : item->title());
+        return titles;
+    }
+    // Whether the item, as drawn for a look, holds light, and dark, pixels.
+    std::pair<bool, bool> lightAndDark(const std::string& look) const
+    {
+        const auto& button = display->controller()->item()->item()->button();
+        button->setAppearance(Platform::Appearance(look));
+        button->setFrame(Platform::Rect{{}, button->intrinsicContentSize()});
+        const auto bitmap = button->rendered()->bitmap();
+        bool isLight = false;
+        bool isDark = false;
+        for (std::size_t at = 0; at < bitmap->pixelCount(); ++at) {
+            const std::uint32_t pixel = bitmap->pixels()[at];
+            if (pixel >> 24 < 200) continue;
+            ((pixel & 0xff) > 127 ? isLight : isDark) = true;
+        }
+        return {isLight, isDark};
+    }
+
+    Tests::EnvironmentVariable noBus{"DBUS_SESSION_BUS_ADDRESS", std::nullopt};
+    Tests::EnvironmentVariable noRuntime{"XDG_RUNTIME_DIR", std::nullopt};
+    Platform::Shared<Platform::StatusBar>::Override freshBar;
+    Tests::Machine machine;
+    Tests::ReplacedClock clock;
+    AutoStart autoStart;
+    std::unique_ptr<Monitor> monitor;
+    std::shared_ptr<StatusBarDisplay> display;
+};
+
+TEST_F(StatusBarDisplayTest, ReadingsStandInTheMenuAndChangeWhileItIsOpen)
+{
+    const std::string still = "  ▁▁▁▁▁▁▁▁▁▁▁";
+    refresh("cpu 1 0 0 1\n");
+    const std::vector<std::string> first{"Processor: 50 %" + still + "█",
+                                         "Load, 1 min: 1.00" + still + "█",
+                                         "Load, 5 min: 2.00" + still + "█",
+                                         "Load, 15 min: 3.00" + still + "█",
+                                         "---",
+                                         "Start at Login",
+                                         "Quit"};
+    EXPECT_EQ(lines(), first);
+
+    refresh("cpu 2 0 0 1\ncpu0 1 0 0 1\n");
+    EXPECT_EQ(lines(), first) << "a closed menu costs nothing";
+    menu().needsUpdate();
+    menu().opened();
+    EXPECT_EQ(lines()[0].substr(0, 16), "Processor: 100 %");
+    EXPECT_EQ(lines()[1], "Core 0: -") << "in its place, though it came later";
+    refresh("cpu 2 0 0 2\ncpu0 1 0 0 2\n");
+    EXPECT_EQ(lines()[0].substr(0, 14), "Processor: 0 %");
+    menu().closed();
+    refresh("cpu 3 0 0 3\n");
+    EXPECT_EQ(lines()[0].substr(0, 14), "Processor: 0 %");
+}
+
+TEST_F(StatusBarDisplayTest, TheTickTellsWhatBecameOfStartingAtLogin)
+{
+    const auto item = menu().itemWithTitle("Start at Login");
+    EXPECT_EQ(item->state(), Platform::MenuItemState::off);
+    item->performAction();
+    EXPECT_EQ(item->state(), Platform::MenuItemState::on);
+    item->performAction();
+    EXPECT_EQ(item->state(), Platform::MenuItemState::off);
+    autoStart.refuses = true;
+    item->performAction();
+    EXPECT_EQ(item->state(), Platform::MenuItemState::off);
+}
+
+TEST_F(StatusBarDisplayTest, TheGraphFollowsTheProcessorAndTheBarsLook)
+{
+    refresh("cpu 1 0 0 1\n");
+    EXPECT_EQ(lightAndDark(Platform::Appearance::aqua), std::pair(false, true));
+    EXPECT_EQ(lightAndDark(Platform::Appearance::darkAqua), std::pair(true, false));
+
+    EXPECT_FALSE(display->graph()->needsDisplay());
+    monitor->refresh();
+    EXPECT_FALSE(display->graph()->needsDisplay()) << "the counters have not moved, nor has the line";
+    refresh("cpu 9 0 0 1\n");
+    EXPECT_TRUE(display->graph()->needsDisplay());
+}
+
+TEST_F(StatusBarDisplayTest, NothingIsLeftInTheBar)
+{
+    EXPECT_EQ(Platform::StatusBar::system().items().size(), 1u);
+    display = nullptr;
+    EXPECT_TRUE(Platform::StatusBar::system().items().empty());
+    monitor->refresh();
+}
+
+}  // namespace
+}  // namespace Pellora
