@@ -1,6 +1,6 @@
 // Draws every image operation, symbol and dialog of the libraries on one sheet:
 //
-//     gallery sheet.png
+//     gallery [sheet.png]
 #include <cstdio>
 #include <cstdlib>
 
@@ -184,10 +184,11 @@ void addDialogs(Sheet& sheet)
 
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: gallery sheet.png\n");
+    if (argc > 2) {
+        std::fprintf(stderr, "usage: gallery [sheet.png]\n");
         return 2;
     }
+    const char* path = argc == 2 ? argv[1] : "gallery.png";
     // The sheet is the same wherever it is drawn, with a screen or without.
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     installDesktop();
@@ -197,6 +198,7 @@ int main(int argc, char** argv)
     addSymbols(sheet);
     addIcons(sheet);
     addDialogs(sheet);
-    writePNG(sheet.image(), Url::fromPath(argv[1]));
+    writePNG(sheet.image(), Url::fromPath(path));
+    std::printf("%s\n", path);
     return 0;
 }
