@@ -56,7 +56,6 @@ public:
 private:
     explicit UserDefaults(std::string path);
     void change(std::string_view key, std::optional<PropertyList> value);
-    std::optional<PropertyList> find(std::string_view key) const;
 
     mutable std::mutex mutex_;
     const std::unique_ptr<DefaultsFile> file_;
