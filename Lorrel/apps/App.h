@@ -14,7 +14,8 @@ namespace Lorrel {
 
 // One installed application, with the places on the disk that belong to it.
 // What the catalogue does not fill (lastOpened, selected, container, preferences,
-// savedState, caches) is for the owner of the record. Thread: one at a time.
+// savedState, caches) is for the owner of the record. Thread: one at a
+// time; made in the main thread, which icons belong to.
 class App {
 public:
     using Url = Platform::Url;

@@ -21,7 +21,8 @@ struct ProductApp {
 
 // Questions and requests about applications. The first group needs nothing but
 // the session (target lorrel_queries); the second is the catalogue of installed
-// applications (target lorrel_apps). Thread: any; meant for the main thread.
+// applications (target lorrel_apps). Thread: any for the first group and for
+// bundleIdentifier; main for the rest, which fetches icons.
 class Apps {
 public:
     Apps() = delete;
