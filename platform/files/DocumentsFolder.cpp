@@ -20,7 +20,7 @@ std::string valueOf(std::string_view line, std::string_view name, const std::str
         if (line[i] == '\\' && i + 1 < line.size()) ++i;
         value += line[i];
     }
-    if (value.starts_with("$HOME")) return home + value.substr(5);
+    if (value == "$HOME" || value.starts_with("$HOME/")) return home + value.substr(5);
     return value.starts_with('/') ? value : "";
 }
 

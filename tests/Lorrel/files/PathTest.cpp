@@ -134,6 +134,8 @@ TEST(DirectoryUrl, EachFolderHasItsPlace)
     environment->set("XDG_CONFIG_HOME", folder.path());
     folder.write("user-dirs.dirs", "# XDG_DOCUMENTS_DIR=\"/no\"\nXDG_DOCUMENTS_DIR=\"$HOME/My \\\"Papers\\\"\"\n");
     EXPECT_EQ(url(Directory::appDocuments).path(), "/home/ada/My \"Papers\"");
+    folder.write("user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"$HOMES/Papers\"\n");
+    EXPECT_EQ(url(Directory::appDocuments).path(), "/home/ada/Documents");
 }
 
 class IconTest : public testing::Test {
