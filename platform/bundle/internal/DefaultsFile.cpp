@@ -1,5 +1,6 @@
 #include "platform/bundle/internal/DefaultsFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
@@ -26,7 +27,8 @@ Result<std::string> contentOf(int file, const std::string& path)
     struct stat status {};
     if (::fstat(file, &status) != 0) return Error::fromErrno("fstat", path, errno);
     if (!S_ISREG(status.st_mode)) return Error::fromErrno("read", path, EINVAL);
-    std::string content(static_cast<std::size_t>(status.st_size), '\0');
+    // One byte too many is enough to be refused, however large the file claims to be.
+    std::string content(std::min(static_cast<std::size_t>(status.st_size), largestFile + 1), '\0');
     for (std::size_t filled = 0; filled < content.size();) {
         const ssize_t count = ::pread(file, &content[filled], content.size() - filled, static_cast<off_t>(filled));
         if (count < 0 && errno == EINTR) continue;

@@ -182,6 +182,10 @@ TEST_F(UserDefaultsTest, DamagedFileIsKeptAsideAndTold)
         ASSERT_EQ(log->count("damaged"), 1u);
         std::filesystem::remove(kept.front());
     }
+    // Larger than the memory, but empty on the disk.
+    std::filesystem::resize_file(path, std::uintmax_t{1} << 40);
+    EXPECT_TRUE(open()->keys().empty());
+    EXPECT_EQ(filesKeptAside().size(), 1u);
 }
 
 TEST_F(UserDefaultsTest, WritersInSeveralProcessesLoseNoKey)
