@@ -55,9 +55,11 @@ public:
 private:
     void refresh()
     {
-        const std::string path = Environment::shared().dataHome() + "/recently-used.xbel";
+        // The attributes of a link would not tell that the list behind it has changed.
+        const std::string path =
+            Url::fromPath(Environment::shared().dataHome() + "/recently-used.xbel").resolvingSymlinksInPath().path();
         const auto now = FileManager::shared().attributes(path);
-        if (!now || now->size > largestList) {
+        if (!now || now->type != EntryType::regular || now->size > largestList) {
             list_.reset();
             known_.reset();
             return;

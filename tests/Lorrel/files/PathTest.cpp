@@ -90,6 +90,11 @@ TEST(Path, LastUseIsTheVisitInTheListOfRecentFiles)
     EXPECT_EQ(Path::lastUsedDate(unused), std::nullopt);
     folder.write(".local/share/recently-used.xbel", list("2024-02-03T04:05:08Z"));
     EXPECT_EQ(Path::lastUsedDate(used), Platform::Date(1706933108));
+    std::filesystem::rename(folder / ".local/share/recently-used.xbel", folder / "list");
+    std::filesystem::create_symlink(folder / "list", folder / ".local/share/recently-used.xbel");
+    EXPECT_EQ(Path::lastUsedDate(used), Platform::Date(1706933108));
+    folder.write("list", list("2024-02-03T04:05:09.5Z"));
+    EXPECT_EQ(Path::lastUsedDate(used), Platform::Date(1706933109.5));
     std::filesystem::rename(used, folder / "moved");
     EXPECT_EQ(Path::lastUsedDate(used), std::nullopt);
     folder.write(".local/share/recently-used.xbel", "<xbel");
