@@ -1,12 +1,14 @@
 #include "Lorrel/files/FolderPermissions.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "Lorrel/files/Directory.h"
 #include "Lorrel/resource_bundle_accessor.h"
 #include "platform/files/OpenPanel.h"
 #include "platform/runtime/Log.h"
+#include "platform/runtime/Utf8.h"
 
 namespace Lorrel {
 
@@ -109,7 +111,11 @@ void FolderPermissions::requestAccess(const Platform::WindowRef& window, const U
 
 void FolderPermissions::storeKeys()
 {
-    userDefaults_->setStringArray(key, keys_);
+    // A path that is no text cannot be stored; among the others it would keep them out as well.
+    std::vector<std::string> storable;
+    std::ranges::copy_if(keys_, std::back_inserter(storable),
+                         [](const std::string& path) { return Platform::isUtf8(path); });
+    userDefaults_->setStringArray(key, storable);
 }
 
 }  // namespace Lorrel

@@ -10,7 +10,8 @@ namespace Lorrel {
 
 // Keeps each folder's bookmark in user defaults under the folder's path, and
 // the list of these paths under "Bookmarks". A folder that was moved, deleted
-// or replaced since is not used: it must be chosen again. Thread: main.
+// or replaced since is not used: it must be chosen again. One whose path is not
+// UTF-8 is used until the process ends, but cannot be kept. Thread: main.
 class FolderPermissions final : public IFolderPermissions, public std::enable_shared_from_this<FolderPermissions> {
 public:
     static constexpr const char* key = "Bookmarks";

@@ -53,6 +53,12 @@ TEST_F(FolderPermissionsTest, SavedFolderIsInUseNowAndAtTheNextLaunch)
     }
     EXPECT_EQ(storedKeys(), (Keys{a.path(), b.path()}));
     EXPECT_TRUE(defaults->data(a.path()).has_value());
+
+    const Url unnameable = folder("raw \xff");
+    first->save(unnameable);
+    first->save(a);
+    EXPECT_TRUE(first->hasAccess(unnameable));
+    EXPECT_EQ(storedKeys(), (Keys{a.path(), b.path(), a.path()})) << "the others are kept all the same";
 }
 
 TEST_F(FolderPermissionsTest, RefusedFolderChangesNothing)
