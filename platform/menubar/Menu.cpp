@@ -24,9 +24,10 @@ bool Menu::isMenuBarVisible()
 void Menu::insertItem(const MenuItemRef& item, std::size_t index)
 {
     if (!item || (item->submenu() && liesIn(*item->submenu()))) return;
-    if (const MenuRef former = item->menu()) former->removeItem(item);
-    items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(std::min(index, items_.size())), item);
-    item->menu_ = weak_from_this();
+    const MenuItemRef added = item;  // the argument may be an element of the list that it leaves
+    if (const MenuRef former = added->menu()) former->removeItem(added);
+    items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(std::min(index, items_.size())), added);
+    added->menu_ = weak_from_this();
     tell(nullptr);
 }
 

@@ -199,9 +199,13 @@ TEST_F(MenuTest, ChangesOfItemsAndOfListsAreToldApart)
     EXPECT_EQ(next(), "ItemsPropertiesUpdated");
     menu->addItem(MenuItem::separator());
     EXPECT_EQ(next(), "LayoutUpdated");
-    item->setMenu(Menu::create());
+    const MenuRef other = Menu::create();
+    item->setMenu(other);
     EXPECT_EQ(next(), "LayoutUpdated");
     EXPECT_EQ(layout(), "0 children-display=submenu");
+    other->addItem(menu->items().front());
+    EXPECT_EQ(other->items(), std::vector{reading});
+    EXPECT_EQ(menu->items().size(), 1U);
 }
 
 TEST_F(MenuTest, ItemMayEndWithItsMenuOpenAndInItsOwnAction)
