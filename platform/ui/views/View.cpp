@@ -40,7 +40,8 @@ void View::setFrame(const Rect& frame)
     setNeedsDisplay(true);
 }
 
-void View::setSubviews(const std::vector<ViewRef>& views)
+// By value: the list may be another view's own, which these leave.
+void View::setSubviews(std::vector<ViewRef> views)
 {
     for (const ViewRef& view : std::vector(subviews_)) {
         if (std::ranges::find(views, view) == views.end()) view->removeFromSuperview();
@@ -65,15 +66,17 @@ void View::addSubview(const ViewRef& view)
 void View::addSubview(const ViewRef& view, ViewPosition position, const ViewRef& sibling)
 {
     if (!view || isDescendantOf(*view)) return;
-    if (view->superview()) view->removeFromSuperview();
+    // Copies: the arguments may be elements of the list that the view leaves.
+    const ViewRef added = view, neighbour = sibling;
+    added->removeFromSuperview();
     auto place = position == ViewPosition::below ? subviews_.begin() : subviews_.end();
-    const auto found = std::ranges::find(subviews_, sibling);
-    if (sibling && found != subviews_.end()) place = position == ViewPosition::below ? found : found + 1;
-    subviews_.insert(place, view);
-    view->superview_ = weak_from_this();
+    const auto found = std::ranges::find(subviews_, neighbour);
+    if (neighbour && found != subviews_.end()) place = position == ViewPosition::below ? found : found + 1;
+    subviews_.insert(place, added);
+    added->superview_ = weak_from_this();
     setNeedsLayout(true);
     setNeedsDisplay(true);
-    view->appearanceMayHaveChanged();
+    added->appearanceMayHaveChanged();
 }
 
 void View::removeFromSuperview()

@@ -44,7 +44,7 @@ public:
     // Back to front.
     const std::vector<ViewRef>& subviews() const { return subviews_; }
     // Those that are not in the list any more leave, new ones come, in the list's order.
-    void setSubviews(const std::vector<ViewRef>& views);
+    void setSubviews(std::vector<ViewRef> views);
     // In front of all others; a view leaves the superview that it had. A view
     // is not added into itself or into one that lies in it.
     void addSubview(const ViewRef& view);

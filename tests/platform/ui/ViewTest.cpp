@@ -127,6 +127,15 @@ TEST(ViewTree, KeepsOrderAndOneSuperview)
     EXPECT_EQ(c->superview(), nullptr);
     other->addSubview(a);
     EXPECT_EQ(root->subviews(), Views{b});
+    root->setSubviews({a, c, b});
+    root->addSubview(a, ViewPosition::below, root->subviews()[2]);
+    EXPECT_EQ(root->subviews(), (Views{c, a, b}));
+    other->addSubview(root->subviews()[0]);
+    EXPECT_EQ(other->subviews(), Views{c});
+    other->setSubviews(root->subviews());
+    EXPECT_EQ(other->subviews(), (Views{a, b}));
+    EXPECT_TRUE(root->subviews().empty());
+    root->addSubview(b);
     b->addSubview(root);
     EXPECT_EQ(root->superview(), nullptr);
     b->addSubview(b);
