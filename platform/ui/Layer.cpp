@@ -9,9 +9,11 @@ void Layer::addSublayer(LayerRef layer)
     if (layer && layer.get() != this) sublayers_.push_back(std::move(layer));
 }
 
+// A copy: the argument may be an element of the list.
 void Layer::removeSublayer(const LayerRef& layer)
 {
-    std::erase(sublayers_, layer);
+    const LayerRef removed = layer;
+    std::erase(sublayers_, removed);
 }
 
 void Layer::render(GraphicsContext& context) const
