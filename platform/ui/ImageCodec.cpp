@@ -30,7 +30,8 @@ Bytes bytesOf(const QByteArray& content)
 // The reader's own limit counts memory in megabytes; ours counts pixels, and is asked before any is decoded.
 QImage read(QImageReader& reader)
 {
-    QImageReader::setAllocationLimit(0);
+    // Once: the limit is the process's, and pictures are read on any thread.
+    [[maybe_unused]] static const bool isUnlimited = (QImageReader::setAllocationLimit(0), true);
     reader.setAutoTransform(true);
     const QSize size = reader.size();
     if (size.isValid() && !Bitmap::isPossible(size.width(), size.height())) return {};
