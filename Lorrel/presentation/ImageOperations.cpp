@@ -70,6 +70,7 @@ void writePNG(const ImageRef& image, const Url& file)
 {
     const auto content = pngData(image);
     if (!content) return;
+    if (!file.isFileUrl()) return log("writePNG: " + file.absoluteString() + " is no file");
     std::ofstream out(file.path(), std::ios::binary | std::ios::trunc);
     out.write(reinterpret_cast<const char*>(content->data()), static_cast<std::streamsize>(content->size()));
     out.close();

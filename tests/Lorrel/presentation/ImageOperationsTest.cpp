@@ -95,6 +95,9 @@ TEST(PngData, ReadsBackAndIsWrittenOrLogged)
     EXPECT_TRUE(log->messages().empty());
     Lorrel::writePNG(image, Url::fromPath(folder / "missing/c.png"));
     EXPECT_EQ(log->count("missing/c.png"), 1u);
+    Lorrel::writePNG(image, *Url::parse("https://example.com" + (folder / "d.png")));
+    EXPECT_EQ(Tests::contentOf(folder / "d.png"), "");
+    EXPECT_EQ(log->count("example.com"), 1u);
 }
 
 TEST(Colors, ComeFromTheLowEightBits)
