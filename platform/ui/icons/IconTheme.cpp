@@ -138,6 +138,7 @@ std::optional<std::string> IconTheme::path(const std::string& name, int pixels)
 {
     // A name is no path: icons of other folders are none of ours.
     if (name.empty() || name.find('/') != std::string::npos) return std::nullopt;
+    const std::lock_guard lock(mutex_);
     for (const std::string& each : lookupOrder()) {
         if (auto found = pathInTheme(theme(each), name, pixels)) return found;
     }
@@ -146,6 +147,7 @@ std::optional<std::string> IconTheme::path(const std::string& name, int pixels)
 
 ImageRef IconTheme::icon(const std::string& name, int pixels)
 {
+    const std::lock_guard lock(mutex_);
     const auto known = icons_.find({name, pixels});
     if (known != icons_.end()) return known->second;
     ImageRef image;

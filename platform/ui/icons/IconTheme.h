@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,7 +13,7 @@ namespace Platform {
 
 // Icons by name from the desktop's themes: the named theme, the themes that it
 // inherits, then "hicolor", then loose files. What was looked up is remembered.
-// Thread: main.
+// Any thread, as images that show icons are drawn on any.
 class IconTheme {
 public:
     // The theme of the user's toolkit settings, or "Adwaita", in the data folders of the session.
@@ -40,6 +41,7 @@ private:
     std::string themeName_;
     std::map<std::string, std::unique_ptr<Theme>> themes_;
     std::map<std::pair<std::string, int>, ImageRef> icons_;
+    std::recursive_mutex mutex_;  // of both maps
 };
 
 }  // namespace Platform
