@@ -21,7 +21,6 @@ constexpr std::pair<CURLcode, URLError::Code> codes[] = {
     {CURLE_HTTP2, URLError::Code::badServerResponse},
     {CURLE_HTTP2_STREAM, URLError::Code::badServerResponse},
     {CURLE_WEIRD_SERVER_REPLY, URLError::Code::badServerResponse},
-    {CURLE_UNSUPPORTED_PROTOCOL, URLError::Code::unsupportedURL},
     {CURLE_BAD_CONTENT_ENCODING, URLError::Code::cannotDecodeContentData},
     {CURLE_FILE_COULDNT_READ_FILE, URLError::Code::fileDoesNotExist},
     {CURLE_READ_ERROR, URLError::Code::fileDoesNotExist},
