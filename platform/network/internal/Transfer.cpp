@@ -111,7 +111,7 @@ void Transfer::setHeaders()
     const auto& given = request_.headers();
     // What the library would add by itself and nobody asked for.
     if (!hasHeader(given, "Expect")) append(headerLines_, "Expect:");
-    if (request_.method == "POST" && !hasHeader(given, "Content-Type")) append(headerLines_, "Content-Type:");
+    if (!hasHeader(given, "Content-Type")) append(headerLines_, "Content-Type:");
     if (request_.cachePolicy == CachePolicy::reloadIgnoringLocalAndRemoteCacheData) {
         if (!hasHeader(given, "Cache-Control")) append(headerLines_, "Cache-Control: no-cache");
         if (!hasHeader(given, "Pragma")) append(headerLines_, "Pragma: no-cache");

@@ -131,6 +131,7 @@ TEST(URLSession, SendsMethodHeadersAndBodyAsGiven)
             EXPECT_NE(text.find(line), std::string::npos) << line << text;
         }
         EXPECT_EQ(text.find("before"), std::string::npos);
+        EXPECT_EQ(text.find("Content-Type"), std::string::npos) << text;
         EXPECT_TRUE(text.ends_with(std::string("\na\0b", 4)));
     }
 }
