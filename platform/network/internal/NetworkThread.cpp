@@ -65,8 +65,7 @@ void NetworkThread::run()
 {
     for (;;) {
         waitForWork();
-        takeSubmitted();
-        dropCancelled();
+        drop(takeSubmitted());
         admit();
         int running = 0;
         curl_multi_perform(multi_.get(), &running);
@@ -85,11 +84,22 @@ void NetworkThread::waitForWork()
     isIdle_ = false;
 }
 
-void NetworkThread::takeSubmitted()
+// Both in one step: a transfer that is submitted and cancelled between two
+// steps would be in none of the lists that are searched, and run.
+std::vector<std::shared_ptr<NetworkThread::Ticket>> NetworkThread::takeSubmitted()
 {
+    std::vector<std::shared_ptr<Ticket>> cancelled;
     std::lock_guard lock(mutex_);
     waiting_.insert(waiting_.end(), submitted_.begin(), submitted_.end());
     submitted_.clear();
+    if (!std::exchange(hasCancelled_, false)) return cancelled;
+    const auto collect = [&](const auto& tickets) {
+        std::copy_if(tickets.begin(), tickets.end(), std::back_inserter(cancelled),
+                     [](const auto& ticket) { return ticket->isCancelled; });
+    };
+    collect(waiting_);
+    collect(active_);
+    return cancelled;
 }
 
 void NetworkThread::admit()
@@ -131,19 +141,8 @@ void NetworkThread::giveBack(EasyHandle handle)
     idleHandles_.push_back(std::move(handle));
 }
 
-void NetworkThread::dropCancelled()
+void NetworkThread::drop(const std::vector<std::shared_ptr<Ticket>>& cancelled)
 {
-    std::vector<std::shared_ptr<Ticket>> cancelled;
-    {
-        std::lock_guard lock(mutex_);
-        if (!std::exchange(hasCancelled_, false)) return;
-        const auto collect = [&](const auto& tickets) {
-            std::copy_if(tickets.begin(), tickets.end(), std::back_inserter(cancelled),
-                         [](const auto& ticket) { return ticket->isCancelled; });
-        };
-        collect(waiting_);
-        collect(active_);
-    }
     for (const auto& ticket : cancelled) {
         auto outcome = ticket->transfer->failed(URLError::Code::cancelled);
         if (const auto place = std::find(active_.begin(), active_.end(), ticket); place != active_.end()) {

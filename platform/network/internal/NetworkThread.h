@@ -41,9 +41,10 @@ private:
 
     void run();
     void waitForWork();
-    void takeSubmitted();
+    // Lets them join those that wait; gives who has been cancelled since.
+    std::vector<std::shared_ptr<Ticket>> takeSubmitted();
+    void drop(const std::vector<std::shared_ptr<Ticket>>& cancelled);
     void admit();
-    void dropCancelled();
     void takeFinished();
     void expire();
     int millisecondsToDeadline() const;
