@@ -22,6 +22,9 @@ struct SenderFilter {
     }
 };
 
+// Declared before the lock, so that they are destroyed after it has ended.
+using Registrations = ObserverTable<SenderFilter>::Snapshot;
+
 }  // namespace
 
 struct NotificationCenter::State {
@@ -40,27 +43,33 @@ NotificationCenter::~NotificationCenter() = default;
 void NotificationCenter::addObserver(ObserverAction action, const NotificationName& name,
                                      const std::shared_ptr<const void>& sender)
 {
-    std::lock_guard lock(state_->mutex);
-    state_->table.add(name, std::move(action), SenderFilter{sender == nullptr, sender});
+    const auto state = state_;  // what a gone observer held may end this centre
+    Registrations gone;
+    std::lock_guard lock(state->mutex);
+    gone = state->table.add(name, std::move(action), SenderFilter{sender == nullptr, sender});
 }
 
 void NotificationCenter::removeObserver(const std::shared_ptr<const void>& observer, const NotificationName& name)
 {
-    std::lock_guard lock(state_->mutex);
-    state_->table.remove(name, observer);
+    const auto state = state_;  // what the observer held may end this centre
+    Registrations removed;
+    std::lock_guard lock(state->mutex);
+    removed = state->table.remove(name, observer);
 }
 
 void NotificationCenter::post(const NotificationName& name, const std::shared_ptr<const void>& sender)
 {
     const auto state = state_;  // an observer may end this centre
     const Notification notification{name, std::nullopt, sender};
+    Registrations observers;
+    Registrations gone;
     std::unique_lock lock(state->mutex);
-    const auto observers = state->table.matching(notification);
+    observers = state->table.matching(notification);
     lock.unlock();
 
     if (state->table.call(observers, notification)) return;
     lock.lock();
-    state->table.removeGone(name);
+    gone = state->table.removeGone(name);
 }
 
 }  // namespace Platform

@@ -15,6 +15,8 @@ namespace Platform {
 // The registrations of a notification centre, by name and in their order. A
 // filter says which notifications of the name a registration wants:
 // `bool accepts(const Notification&) const`.
+// What takes registrations out gives them back, to be destroyed where what
+// their operations hold may use the table again as it goes.
 // Thread: one at a time, but for Registration::isActive.
 template <typename Filter>
 class ObserverTable {
@@ -26,22 +28,23 @@ public:
     };
     using Snapshot = std::vector<std::shared_ptr<Registration>>;
 
-    void add(const NotificationName& name, ObserverAction action, Filter filter)
+    Snapshot add(const NotificationName& name, ObserverAction action, Filter filter)
     {
-        removeGone(name);
+        Snapshot gone = removeGone(name);
         // Older clangs make no aggregate from arguments in parentheses, as make_shared would.
         byName_[name.text()].push_back(
             std::shared_ptr<Registration>(new Registration{std::move(action), std::move(filter)}));
+        return gone;
     }
 
-    void remove(const NotificationName& name, const std::shared_ptr<const void>& observer)
+    Snapshot remove(const NotificationName& name, const std::shared_ptr<const void>& observer)
     {
-        removeIf(name, [&](const Registration& registration) { return registration.action.isOf(observer); });
+        return removeIf(name, [&](const Registration& registration) { return registration.action.isOf(observer); });
     }
 
-    void removeGone(const NotificationName& name)
+    Snapshot removeGone(const NotificationName& name)
     {
-        removeIf(name, [](const Registration& registration) { return registration.action.isGone(); });
+        return removeIf(name, [](const Registration& registration) { return registration.action.isGone(); });
     }
 
     // Who is to be called for a notification that comes now.
@@ -67,16 +70,19 @@ public:
 
 private:
     template <typename Predicate>
-    void removeIf(const NotificationName& name, Predicate isOut)
+    Snapshot removeIf(const NotificationName& name, Predicate isOut)
     {
+        Snapshot out;
         const auto named = byName_.find(name.text());
-        if (named == byName_.end()) return;
+        if (named == byName_.end()) return out;
         std::erase_if(named->second, [&](const auto& registration) {
             if (!isOut(*registration)) return false;
             registration->isActive = false;
+            out.push_back(registration);
             return true;
         });
         if (named->second.empty()) byName_.erase(named);
+        return out;
     }
 
     std::unordered_map<std::string, Snapshot> byName_;

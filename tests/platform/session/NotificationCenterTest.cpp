@@ -74,6 +74,30 @@ TEST_F(NotificationCenterTest, ObserverMayRemoveEverybodyAndEndTheCentreInsideIt
     EXPECT_TRUE(other->heard.empty());
 }
 
+TEST_F(NotificationCenterTest, WhatAnOperationHeldMayUseTheCentreAsItGoes)
+{
+    int ended = 0;
+    const auto listen = [&] {
+        const std::shared_ptr<void> held(nullptr, [&](void*) {
+            center.removeObserver(other, ready);
+            ++ended;
+        });
+        center.addObserver({listener, [held](Listener&) {}}, ready);
+    };
+    listen();
+    center.removeObserver(listener, ready);
+    EXPECT_EQ(ended, 1);
+    listen();
+    listener.reset();
+    center.post(ready);
+    EXPECT_EQ(ended, 2);
+    listener = std::make_shared<Listener>();
+    listen();
+    listener.reset();
+    center.addObserver({other, &Listener::hear}, ready);
+    EXPECT_EQ(ended, 3);
+}
+
 TEST_F(NotificationCenterTest, LetsGoOfObserversAndSenders)
 {
     auto sender = std::make_shared<int>();
