@@ -30,6 +30,11 @@ void appendToolTip(sd_bus_message* message, const ItemSnapshot& snapshot)
 std::shared_ptr<StatusItemPresentation> StatusItemPresentation::create(StatusItem& item)
 {
     const std::shared_ptr<StatusItemPresentation> self(new StatusItemPresentation(item));
+    // The menu may outlive us inside a call of its own that ends the item.
+    self->menu_ = MenuExport::create(self->connection_, [weak = std::weak_ptr(self)] {
+        const auto present = weak.lock();
+        return present && present->isShown_;
+    });
     RunLoop::main().post([weak = std::weak_ptr(self)] {
         if (const auto present = weak.lock()) present->start();
     });
@@ -39,7 +44,6 @@ std::shared_ptr<StatusItemPresentation> StatusItemPresentation::create(StatusIte
 StatusItemPresentation::StatusItemPresentation(StatusItem& item)
     : item_(&item),
       connection_(BusConnection::create(RunLoop::main())),
-      menu_(MenuExport::create(connection_, [this] { return isShown_; })),
       object_(describe()),
       gate_([this] { return publish(); })
 {

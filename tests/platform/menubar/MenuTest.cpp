@@ -224,6 +224,19 @@ TEST_F(MenuTest, ItemMayEndWithItsMenuOpenAndInItsOwnAction)
     EXPECT_EQ(target->tags.size(), 1U);
 }
 
+TEST_F(MenuTest, ItemMayEndWhileItsMenuIsBroughtUpToDate)
+{
+    add("One", 1, menu);
+    layout();
+    delegate->then = [&](Menu& shown) {
+        shown.removeAllItems();
+        item = nullptr;
+    };
+    aboutToShow(0);
+    EXPECT_EQ(item, nullptr);
+    EXPECT_EQ(layout(), "no answer");
+}
+
 TEST_F(MenuTest, MalformedCallsGetErrorsAndHarmNothing)
 {
     add("One", 1, menu);
