@@ -36,7 +36,7 @@ void Menu::removeItem(const MenuItemRef& item)
     const MenuItemRef removed = item;  // the argument may be an element of the list
     if (std::erase(items_, removed) == 0) return;
     removed->menu_.reset();
-    removed->setHighlighted(false);
+    if (highlighted_.lock() == removed) highlight(nullptr);
     tell(nullptr);
 }
 
@@ -44,6 +44,7 @@ void Menu::removeAllItems()
 {
     const auto removed = std::exchange(items_, {});
     for (const MenuItemRef& item : removed) item->menu_.reset();
+    highlight(nullptr);
     if (!removed.empty()) tell(nullptr);
 }
 

@@ -184,6 +184,10 @@ TEST_F(MenuTest, DelegateMayChangeTheMenuJustBeforeItShows)
     EXPECT_FALSE(reading->isHighlighted());
     EXPECT_EQ(delegate->calls, (Strings{"update", "update", "open", "close"}));
     EXPECT_EQ(layout(), "0 children-display=submenu [1 label=CPU 7 %]");
+    send(1, "hovered");
+    menu->removeAllItems();
+    EXPECT_FALSE(reading->isHighlighted());
+    EXPECT_EQ(menu->highlightedItem(), nullptr);
 }
 
 TEST_F(MenuTest, ChangesOfItemsAndOfListsAreToldApart)
