@@ -117,6 +117,7 @@ void StatusItemPresentation::end()
 
 void StatusItemPresentation::announce()
 {
+    isShown_ = false;  // a bus that was joined again may have no watcher
     BusMessage call = connection_->newCall(watcher, watcherPath, watcher, "RegisterStatusNotifierItem");
     if (!call || !call.append(path)) return;
     sd_bus_message_set_auto_start(call.get(), false);

@@ -83,6 +83,10 @@ TEST_F(StatusItemTest, OutlivesASilentHostAndARestartOfTheBus)
     TrayHost host;
     EXPECT_TRUE(host.waitForItem());
     EXPECT_TRUE(isShown());
+    bus.stop();
+    RunLoop::current().drain();
+    bus.start();  // the host does not claim its name again
+    EXPECT_TRUE(eventually([] { return !StatusBar::system().isShown(); }));
 }
 
 TEST_F(StatusItemTest, TellsTheHostEverythingOfItself)
