@@ -1,6 +1,8 @@
 #include "tests/support/Display.h"
 
 #include <csignal>
+#include <cstdlib>
+#include <filesystem>
 #include <stdexcept>
 
 namespace Tests {
@@ -37,6 +39,14 @@ Display::~Display()
 {
     server_.signal(SIGTERM);
     server_.wait(std::chrono::seconds(5));
+}
+
+std::string screenshotPath(const std::string& name)
+{
+    const char* folder = std::getenv("PELLORA_SCREENSHOTS");
+    const std::filesystem::path path = std::filesystem::path(folder ? folder : SCREENSHOTS) / (name + ".png");
+    std::filesystem::create_directories(path.parent_path());
+    return path.string();
 }
 
 }  // namespace Tests

@@ -25,4 +25,8 @@ private:
     EnvironmentVariable wayland_;
 };
 
+// Where a test keeps the picture NAME.png of a display: below the folder that
+// PELLORA_SCREENSHOTS names, else below "screenshots" of the build. The folder is made.
+std::string screenshotPath(const std::string& name);
+
 }  // namespace Tests

@@ -108,8 +108,8 @@ TEST(PanelTest, ShowsTheItemAndOpensAndClicksItsMenu)
     const Tests::Display display("640x400x24");
     const Tests::PrivateBus bus;
     Panel panel;
-    const std::string picture = MENUBAR_SCREENSHOTS "/panel.png", opened = MENUBAR_SCREENSHOTS "/panel-menu.png";
-    std::filesystem::create_directories(MENUBAR_SCREENSHOTS);
+    const std::string picture = Tests::screenshotPath("menubar/panel");
+    const std::string opened = Tests::screenshotPath("menubar/panel-menu");
 
     const auto item = StatusBar::system().statusItem(StatusItem::squareLength);
     item->button()->setImage(std::make_shared<Image>(Size{22, 22}, [](GraphicsContext& context) {

@@ -166,8 +166,9 @@ TEST_F(UserNotificationTest, ARealServerShowsItAndTellsThatItWasClosed)
         return Tests::ChildProcess(command, {.streams = Tests::ChildStreams::silent}).wait(20s);
     };
     const auto picture = [&] {
-        EXPECT_EQ(run({"scrot", "--overwrite", SCREENSHOT}), 0);
-        return Tests::contentOf(SCREENSHOT);
+        const std::string path = Tests::screenshotPath("notification");
+        EXPECT_EQ(run({"scrot", "--overwrite", path}), 0);
+        return Tests::contentOf(path);
     };
     const std::string emptyScreen = picture();
     const Tests::ChildProcess dunst({"dunst"}, {.streams = Tests::ChildStreams::silent});

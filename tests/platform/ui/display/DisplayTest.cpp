@@ -42,7 +42,7 @@ protected:
             timer->invalidate();
             const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
             EXPECT_TRUE(QGuiApplication::primaryScreen()->grabWindow(0).save(
-                QString::fromStdString(SCREENSHOTS "/" + name + ".png")));
+                QString::fromStdString(Tests::screenshotPath("dialogs/" + name))));
             std::vector<std::string> command{"xdotool"};
             for (const std::string& argument : step(*dialog)) command.push_back(argument);
             tool.emplace(command);
