@@ -19,10 +19,11 @@
 
 using namespace Platform;
 
-// The font library keeps a pattern to itself at the end of the process.
+// The font library keeps a pattern to itself at the end of the process, the
+// toolkit's accessibility a message of the bus library.
 extern "C" const char* __lsan_default_suppressions()
 {
-    return "leak:libfontconfig\n";
+    return "leak:libfontconfig\nleak:libdbus\n";
 }
 
 namespace {
