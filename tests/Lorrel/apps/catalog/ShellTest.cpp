@@ -66,16 +66,19 @@ TEST(Shell, WaitsForBackgroundJobsThatHoldItsOutput)
     EXPECT_EQ(result.exitCode(), 5);
 }
 
-// What an address sanitizer holds back of freed memory, to find late uses of it.
+// What a sanitizer takes beside the program: freed memory held back to find
+// late uses of it, or the thread sanitizer's shadow of all memory.
 #if defined(__has_feature)
 #define HAS_FEATURE(name) __has_feature(name)
 #else
 #define HAS_FEATURE(name) 0
 #endif
 #if defined(__SANITIZE_ADDRESS__) || HAS_FEATURE(address_sanitizer)
-constexpr std::size_t quarantine = 256 << 20;
+constexpr std::size_t sanitizersShare = std::size_t{256} << 20;
+#elif defined(__SANITIZE_THREAD__) || HAS_FEATURE(thread_sanitizer)
+constexpr std::size_t sanitizersShare = std::size_t{6 * 256} << 20;
 #else
-constexpr std::size_t quarantine = 0;
+constexpr std::size_t sanitizersShare = 0;
 #endif
 
 TEST(Shell, MuchOutputTakesLittleMoreMemoryThanItself)
@@ -91,7 +94,7 @@ TEST(Shell, MuchOutputTakesLittleMoreMemoryThanItself)
     ASSERT_TRUE(result.output().has_value());
     EXPECT_EQ(result.output()->size(), size);
     EXPECT_EQ(result.output()->substr(size - 3), "xxx");
-    EXPECT_LT(largestResident() - before, size + size / 2 + quarantine);
+    EXPECT_LT(largestResident() - before, size + size / 2 + sanitizersShare);
 }
 
 TEST(Shell, FloodOnStandardErrorHindersNothing)
