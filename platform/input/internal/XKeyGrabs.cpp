@@ -23,7 +23,7 @@ bool XKeyGrabs::add(const std::vector<XKey>& keys)
             release(key);
         }
     }
-    xcb_flush(connection_->get());
+    if (!isComplete) settle();
     return isComplete;
 }
 
@@ -37,12 +37,19 @@ void XKeyGrabs::keepOnly(const std::set<XKey>& keys)
             key = held_.erase(key);
         }
     }
-    xcb_flush(connection_->get());
+    settle();
 }
 
 void XKeyGrabs::release(const XKey& key)
 {
     xcb_ungrab_key(connection_->get(), key.code, connection_->root(), key.modifiers);
+}
+
+// The server answers in order: after this reply another program may take what was released.
+void XKeyGrabs::settle()
+{
+    const auto cookie = xcb_get_input_focus(connection_->get());
+    const XcbReply<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(connection_->get(), cookie, nullptr));
 }
 
 }  // namespace Platform
