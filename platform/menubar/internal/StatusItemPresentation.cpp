@@ -12,7 +12,8 @@ constexpr const char* path = "/StatusNotifierItem";
 constexpr const char* interface = "org.kde.StatusNotifierItem";
 constexpr const char* watcher = "org.kde.StatusNotifierWatcher";
 constexpr const char* watcherPath = "/StatusNotifierWatcher";
-constexpr std::chrono::seconds watcherPatience(25);
+// A host may be stopped for long and accept the item when it goes on; nobody waits meanwhile.
+constexpr std::chrono::hours watcherPatience(24);
 
 const char* statusText(bool isVisible)
 {
