@@ -128,7 +128,9 @@ Transfer::Instant Transfer::deadline() const
 
 std::size_t Transfer::onHeader(char* bytes, std::size_t, std::size_t count, void* self)
 {
-    static_cast<Transfer*>(self)->addHeaderLine({bytes, count});
+    auto* transfer = static_cast<Transfer*>(self);
+    transfer->lastProgress_ = std::chrono::steady_clock::now();  // the library counts bodies only
+    transfer->addHeaderLine({bytes, count});
     return count;
 }
 

@@ -16,7 +16,7 @@ namespace Tests {
 //     /redirect/3    three steps to /echo     /loop       for ever
 //     /file          to a file of this machine /cookie     sets one
 //     /chunked /gzip /bad-gzip                bodies in forms
-//     /drip          a byte at a time         /silent     nothing, ever
+//     /drip          a line, a byte at a time /silent     nothing, ever
 //     /half /garbage /closed                  no proper response
 //     /endless       a body without end
 inline bool testSite(const HttpRequest& request, HttpConnection& connection)
@@ -48,7 +48,12 @@ inline bool testSite(const HttpRequest& request, HttpConnection& connection)
                          HttpConnection& out) { return out.answer(200, "not gzip", "Content-Encoding: gzip\r\n"); }},
         {"/drip",
          [](const HttpRequest&, HttpConnection& out) {
-             out.send("HTTP/1.1 200 OK\r\nContent-Length: 6\r\n\r\n");
+             out.send("HTTP/1.1 200 OK\r\n");
+             for (int i = 0; i < 5; ++i) {
+                 std::this_thread::sleep_for(std::chrono::milliseconds(120));
+                 out.send("X-Slow: 1\r\n");
+             }
+             out.send("Content-Length: 6\r\n\r\n");
              for (const char c : "slowly"sv) {
                  std::this_thread::sleep_for(std::chrono::milliseconds(120));
                  if (!out.send({&c, 1})) return false;
