@@ -8,6 +8,7 @@
 
 #include "platform/runtime/Clock.h"
 #include "platform/runtime/Queue.h"
+#include "platform/runtime/Utf8.h"
 
 namespace Fennick {
 
@@ -52,8 +53,10 @@ Draft rawDraft(std::string_view text, std::string_view url)
     return draft;
 }
 
+// The escapes stand for UTF-8, so nothing else can be encoded.
 Draft draftOf(std::string_view url)
 {
+    if (!Platform::isUtf8(url)) return {std::string(url), std::nullopt};
     return rawDraft(url, Platform::percentEncoded(url, queryPunctuation));
 }
 

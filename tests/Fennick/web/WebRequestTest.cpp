@@ -95,7 +95,7 @@ TEST(WebRequest, EncodesUrlTextsAndLeavesRawOnesAlone)
 TEST(WebRequest, FailsWithUnsupportedUrlWhereTheTextIsNone)
 {
     const std::string unsupported = std::to_string(static_cast<int>(URLError::Code::unsupportedURL));
-    for (const std::string text : {"", "nothing", "//host", ":"}) {
+    for (const std::string text : {"", "nothing", "//host", ":", "http://127.0.0.1/\xff"}) {
         EXPECT_EQ(got(WebRequest::get(text)), unsupported) << text;
         EXPECT_EQ(awaited(text), unsupported) << text;
         EXPECT_EQ(called([&](auto completion) { WebRequest::get(text, completion); }), "nothing") << text;
