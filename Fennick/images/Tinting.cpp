@@ -8,7 +8,11 @@ ImageRef tinted(const ImageRef& image, const Platform::Color& color)
 {
     if (!image || !image->isTemplate()) return image;
     // A symbol is drawn in the colour instead, so that it stays sharp at every size.
-    if (image->isSymbol()) return image->withSymbolConfiguration({.tint = color});
+    if (image->isSymbol()) {
+        const ImageRef symbol = image->withSymbolConfiguration({.tint = color});
+        symbol->setSize(image->size());
+        return symbol;
+    }
     const ImageRef copy = image->copy();
     {
         Platform::ImageFocus focus(copy);

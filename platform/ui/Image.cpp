@@ -61,6 +61,7 @@ ImageRef Image::copy() const
     auto other = std::make_shared<Image>(size_);
     other->representations_ = representations_;
     other->drawing_ = drawing_;
+    other->drawingSize_ = drawingSize_;
     other->symbol_ = symbol_;
     other->isTemplate_ = isTemplate_;
     return other;
@@ -107,10 +108,10 @@ void Image::drawOnce(GraphicsContext& context, const Rect& target, CompositingOp
         const Bitmap& pixels = representationFor(target.size.width * context.pixelsPerPoint().width);
         return context.draw(pixels, {{}, pixelSizeOf(pixels)}, target, operation, fraction);
     }
-    if (!drawing_ || !size_.isDrawable()) return;
+    if (!drawing_ || !size_.isDrawable() || !drawingSize_.isDrawable()) return;
     context.saveState();
     context.translate(target.origin.x, target.origin.y);
-    context.scale(target.size.width / size_.width, target.size.height / size_.height);
+    context.scale(target.size.width / drawingSize_.width, target.size.height / drawingSize_.height);
     context.multiplyOpacity(fraction);
     GraphicsContext::Current scope(&context);
     drawing_(context);

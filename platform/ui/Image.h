@@ -38,7 +38,7 @@ struct SymbolConfiguration {
 // nobody changes may be read on any.
 class Image : public std::enable_shared_from_this<Image> {
 public:
-    // Draws the picture into the context, whose size is the image's.
+    // Draws the picture in the size that the image is made with; one that is set later stretches it.
     using Drawing = std::function<void(GraphicsContext&)>;
     // Makes the same symbol in another configuration.
     using Symbol = std::function<ImageRef(const SymbolConfiguration&)>;
@@ -50,7 +50,7 @@ public:
     // The size is the bitmap's own where none is given.
     explicit Image(Bitmap bitmap);
     Image(Bitmap bitmap, Size size);
-    Image(Size size, Drawing drawing) : size_(size), drawing_(std::move(drawing)) {}
+    Image(Size size, Drawing drawing) : size_(size), drawingSize_(size), drawing_(std::move(drawing)) {}
 
     // From the content of a picture file of any kind that is known (PNG, JPEG,
     // GIF, TIFF, WebP, SVG, icon sets, HEIC). Null for anything else, for half
@@ -92,6 +92,7 @@ private:
     void becomeBitmap(Bitmap bitmap);
 
     Size size_;
+    Size drawingSize_;
     std::vector<Bitmap> representations_;
     Drawing drawing_;
     Symbol symbol_;

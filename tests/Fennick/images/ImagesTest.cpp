@@ -53,6 +53,8 @@ TEST(Tinting, OfASymbolIsThatOfItsBitmap)
                 EXPECT_NEAR(int(a[y][x] >> 24), int(b[y][x] >> 24), 1) << x << "," << y;
             }
         }
+        symbol->setSize({30, 20});
+        EXPECT_EQ(Fennick::tinted(symbol, red)->size(), symbol->size());
     }
 }
 

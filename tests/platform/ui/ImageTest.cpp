@@ -89,12 +89,14 @@ TEST(Bitmap, CopiesShareUntilOneIsWritten)
 
 TEST(Image, ADrawingIsRedrawnAtTheResolutionAsked)
 {
-    const Image image(Size{2, 2}, [](GraphicsContext& context) {
+    Image image(Size{2, 2}, [](GraphicsContext& context) {
         context.setFillColor(Color::black());
         context.fill(Rect::of(0, 0, 1, 2), CompositingOperation::sourceOver);
     });
     EXPECT_EQ(Tests::rowsOf(*image.bitmap(8, 1)),
               (Tests::Rows{{0xff000000, 0xff000000, 0xff000000, 0xff000000, 0, 0, 0, 0}}));
+    image.setSize({4, 1});
+    EXPECT_EQ(Tests::rowsOf(*image.bitmap()), (Tests::Rows{{0xff000000, 0xff000000, 0, 0}}));
 }
 
 }  // namespace
