@@ -12,6 +12,18 @@
 #include "platform/ui/internal/QtWindow.h"
 
 namespace Platform {
+namespace {
+
+// From the points of the outermost superview to the view's own.
+Point pointIn(const View& view, Point point)
+{
+    const ViewRef parent = view.superview();
+    if (!parent) return point;
+    const Point outer = pointIn(*parent, point);
+    return {outer.x - view.frame().origin.x, outer.y - view.frame().origin.y};
+}
+
+}  // namespace
 
 // Shows the content view's picture and hands clicks to it.
 struct Window::Surface final : QWidget {
@@ -35,7 +47,7 @@ struct Window::Surface final : QWidget {
     {
         Point point{event->position().x(), event->position().y()};
         ViewRef view = window.contentView_ ? window.contentView_->hitTest(point) : nullptr;
-        while (view && !view->mouseUp(point)) view = view->superview();
+        while (view && !view->mouseUp(pointIn(*view, point))) view = view->superview();
     }
 
     void fit()
