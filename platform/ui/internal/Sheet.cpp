@@ -5,7 +5,8 @@
 namespace Platform {
 namespace {
 
-// Rejects the sheet when the parent leaves the screen; the toolkit would only hide it with the parent.
+// Rejects the sheet when the parent leaves the screen; the toolkit would only
+// hide it with the parent. One that is iconified, or on another desktop, comes back.
 class ParentWatch final : public QObject {
 public:
     explicit ParentWatch(QDialog& sheet) : QObject(&sheet), sheet_(sheet)
@@ -15,7 +16,7 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        const bool isGone = event->type() == QEvent::Close || event->type() == QEvent::Hide;
+        const bool isGone = event->type() == QEvent::Close || (event->type() == QEvent::Hide && !event->spontaneous());
         if (isGone && watched == sheet_.parentWidget()) sheet_.reject();
         return false;
     }
