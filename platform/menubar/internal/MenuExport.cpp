@@ -37,6 +37,11 @@ void MenuExport::setMenu(const MenuRef& menu)
     changed(nullptr);
 }
 
+void MenuExport::shown()
+{
+    if (isMissed_) changed(nullptr);
+}
+
 void MenuExport::changed(MenuItem* item)
 {
     if (isDrawing_) return;
@@ -54,6 +59,7 @@ bool MenuExport::publish()
     const bool isLayout = std::exchange(isLayoutChanged_, false);
     if (isLayout) ++revision_;
     const bool isSomething = isLayout || !changedItems_.empty();
+    if (isSomething) isMissed_ = isRead_ && !isShown_();
     if (isShown_() && isLayout) publishLayout();
     if (isShown_() && !isLayout && isSomething) publishItems();
     changedItems_.clear();

@@ -23,6 +23,8 @@ public:
 
     // Null for an empty menu.
     void setMenu(const MenuRef& menu);
+    // From now on somebody listens: tells that the menu has changed since it was read.
+    void shown();
 
 private:
     using Names = std::set<std::string>;
@@ -60,6 +62,8 @@ private:
     int lastNumber_ = 0;
     std::uint32_t revision_ = 1;
     bool isLayoutChanged_ = false;
+    bool isRead_ = false;     // somebody has the layout
+    bool isMissed_ = false;   // and was not told of a change
     bool isDrawing_ = false;  // drawing a view is no change of it
     std::set<int> changedItems_;
     UpdateGate gate_;

@@ -76,6 +76,7 @@ void MenuExport::getLayout(sd_bus_message* call, sd_bus_message* answer)
     int number = 0, depth = 0;
     sd_bus_message_read(call, "ii", &number, &depth);
     const Names names = readNames(call);
+    isRead_ = true;
     std::erase_if(numbers_, [](const auto& entry) { return entry.first.expired(); });
     std::erase_if(items_, [](const auto& entry) { return entry.second.expired(); });
     const int levels = depth < 0 || depth > deepestMenu ? deepestMenu : depth;

@@ -127,6 +127,7 @@ void StatusItemPresentation::announce()
         if (!self || !self->item_ || !reply) return;
         self->isShown_ = true;
         self->itemChanged();  // it may have changed since the host looked
+        self->menu_->shown();
     });
 }
 

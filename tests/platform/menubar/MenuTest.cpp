@@ -4,6 +4,7 @@
 #include "platform/menubar/internal/MenuItemProperties.h"
 #include "platform/ui/Image.h"
 #include "platform/ui/views/VisualEffectView.h"
+#include "tests/fakes/VirtualClock.h"
 #include "tests/support/PrivateBus.h"
 #include "tests/support/TrayHost.h"
 
@@ -210,6 +211,17 @@ TEST_F(MenuTest, ChangesOfItemsAndOfListsAreToldApart)
     other->addItem(menu->items().front());
     EXPECT_EQ(other->items(), std::vector{reading});
     EXPECT_EQ(menu->items().size(), 1U);
+
+    host.reset();
+    EXPECT_TRUE(eventually([] { return !StatusBar::system().isShown(); }));
+    Tests::ReplacedClock clock;
+    clock->advance(1e9);  // past all that was told by the machine's clock
+    item->setMenu(menu);
+    RunLoop::current().drain();
+    host.emplace();
+    EXPECT_TRUE(eventually([] { return StatusBar::system().isShown(); }));
+    clock->advance(1);
+    EXPECT_EQ(next(), "LayoutUpdated") << "what changed while nobody listened";
 }
 
 TEST_F(MenuTest, ItemMayEndWithItsMenuOpenAndInItsOwnAction)
