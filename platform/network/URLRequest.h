@@ -29,7 +29,7 @@ public:
 
     Url url;
     std::string method = "GET";
-    std::optional<std::string> body;
+    std::optional<std::string> body;  // HEAD goes without
     CachePolicy cachePolicy = CachePolicy::useProtocolCachePolicy;
     // The longest time without any progress, from the start on.
     std::chrono::nanoseconds timeout = std::chrono::seconds(60);

@@ -1,7 +1,10 @@
 #include "platform/network/internal/Transfer.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
+
+#include <sys/stat.h>
 
 #include "platform/network/internal/HeaderText.h"
 #include "platform/network/internal/TransferErrors.h"
@@ -19,6 +22,24 @@ bool hasHeader(const HeaderFields& headers, std::string_view name)
 {
     return std::any_of(headers.begin(), headers.end(),
                        [&](const auto& field) { return isSameHeader(field.first, name); });
+}
+
+// Opening a pipe or a device waits for somebody at its other end, and would hold up every other transfer.
+bool isPlainFile(const std::string& path)
+{
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+// The library's frames cannot be unwound: want of memory ends the transfer as a failure.
+template <typename Step>
+bool orFailure(Step step)
+{
+    try {
+        return step();
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 template <typename Value>
@@ -39,6 +60,7 @@ std::optional<URLError> Transfer::fault() const
     const std::string& scheme = request_.url.scheme();
     const bool isKnown = scheme == "http" || scheme == "https" || scheme == "file";
     if (!isKnown) return URLError(URLError::Code::unsupportedURL, url_);
+    if (scheme == "file" && !isPlainFile(request_.url.path())) return URLError(URLError::Code::fileDoesNotExist, url_);
     if (!isHttpToken(request_.method)) return URLError(URLError::Code::badURL, url_, "The method is not one of HTTP.");
     for (const auto& [name, value] : request_.headers()) {
         if (isHttpToken(name) && isHeaderValue(value)) continue;
@@ -86,13 +108,13 @@ void Transfer::prepare(CURL* easy, Instant now)
 // as browsers do; every other method goes out as it is.
 void Transfer::setMethod()
 {
-    if (request_.body) {
+    if (request_.method == "HEAD") {
+        set(easy_, CURLOPT_NOBODY, 1L);
+    } else if (request_.body) {
         set(easy_, CURLOPT_POST, 1L);
         set(easy_, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request_.body->size()));
         set(easy_, CURLOPT_POSTFIELDS, request_.body->data());
         if (request_.method != "POST") set(easy_, CURLOPT_CUSTOMREQUEST, request_.method.c_str());
-    } else if (request_.method == "HEAD") {
-        set(easy_, CURLOPT_NOBODY, 1L);
     } else if (request_.method == "POST") {
         set(easy_, CURLOPT_POST, 1L);
         set(easy_, CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t{0});
@@ -130,8 +152,7 @@ std::size_t Transfer::onHeader(char* bytes, std::size_t, std::size_t count, void
 {
     auto* transfer = static_cast<Transfer*>(self);
     transfer->lastProgress_ = std::chrono::steady_clock::now();  // the library counts bodies only
-    transfer->addHeaderLine({bytes, count});
-    return count;
+    return orFailure([&] { return transfer->addHeaderLine({bytes, count}), true; }) ? count : CURL_WRITEFUNC_ERROR;
 }
 
 // Each response of a redirection starts with its status line.
@@ -149,7 +170,8 @@ void Transfer::addHeaderLine(std::string_view line)
 
 std::size_t Transfer::onBody(char* bytes, std::size_t, std::size_t count, void* self)
 {
-    return static_cast<Transfer*>(self)->addBody({bytes, count}) ? count : CURL_WRITEFUNC_ERROR;
+    auto* transfer = static_cast<Transfer*>(self);
+    return orFailure([&] { return transfer->addBody({bytes, count}); }) ? count : CURL_WRITEFUNC_ERROR;
 }
 
 bool Transfer::takes(std::size_t more) const

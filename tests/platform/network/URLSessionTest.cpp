@@ -4,6 +4,7 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "platform/network/URLSession.h"
 #include "tests/support/TemporaryDirectory.h"
@@ -88,6 +89,8 @@ TEST(URLSession, NamesEachFaultInBothForms)
         HttpServer gone(testSite);
         refused = gone.url("/");
     }
+    const Tests::TemporaryDirectory folder;
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
     struct Fault {
         std::string url;
         Code code;
@@ -107,6 +110,7 @@ TEST(URLSession, NamesEachFaultInBothForms)
         {"mailto:a@b", Code::unsupportedURL},
         {"http://name.invalid/", Code::cannotFindHost},
         {"file:///nothing/here", Code::fileDoesNotExist},
+        {"file://" + folder / "pipe", Code::fileDoesNotExist},
         {server.url("/plain"), Code::timedOut, 0ms},
     };
     for (const auto& [url, code, timeout] : faults) EXPECT_EQ(bothForms(requestFor(url, timeout)), twice(code)) << url;
