@@ -1,12 +1,20 @@
 #include "platform/ui/Layer.h"
 
+#include <algorithm>
+
 #include "platform/ui/Image.h"
 
 namespace Platform {
 
 void Layer::addSublayer(LayerRef layer)
 {
-    if (layer && layer.get() != this) sublayers_.push_back(std::move(layer));
+    if (layer && !layer->contains(*this)) sublayers_.push_back(std::move(layer));
+}
+
+bool Layer::contains(const Layer& other) const
+{
+    return this == &other ||
+           std::ranges::any_of(sublayers_, [&](const LayerRef& layer) { return layer->contains(other); });
 }
 
 // A copy: the argument may be an element of the list.

@@ -42,6 +42,7 @@ public:
     void setDrawing(std::function<void(GraphicsContext&, Size)> drawing) { drawing_ = std::move(drawing); }
 
     const std::vector<LayerRef>& sublayers() const { return sublayers_; }
+    // Nothing happens where that would close a circle.
     void addSublayer(LayerRef layer);
     void removeSublayer(const LayerRef& layer);
 
@@ -49,6 +50,7 @@ public:
     void render(GraphicsContext& context) const;
 
 private:
+    bool contains(const Layer& other) const;
     void renderContent(GraphicsContext& context) const;
 
     Rect frame_;
