@@ -44,14 +44,10 @@ TEST(DataCompression, ReadsWhatOthersWroteAndRefusesTheRest)
 TEST(DataTexts, MatchTheKnownDigestsAndTheUrlAlphabet)
 {
     EXPECT_EQ(md5({}), "d41d8cd98f00b204e9800998ecf8427e");
-    EXPECT_EQ(md5(bytesOf("abc")), "900150983cd24fb0d6963f7d28e17f72");
     const std::string message = std::string(80, '1').append("234567890");
     EXPECT_EQ(md5(bytesOf(message)), "c231ca3ae1b330a3b65f9a08aa51ea1d");
-    EXPECT_EQ(base64URLString(bytesOf("\xfb\xff")), "-_8");
-    const std::string input = "foobar\xff\xfe";
-    const char* const expected[] = {"",        "Zg",       "Zm8",        "Zm9v",       "Zm9vYg",
-                                    "Zm9vYmE", "Zm9vYmFy", "Zm9vYmFy_w", "Zm9vYmFy__4"};
-    for (std::size_t length = 0; length <= input.size(); ++length) {
-        EXPECT_EQ(base64URLString(bytesOf(input.substr(0, length))), expected[length]);
+    for (const auto& [input, expected] :
+         {std::pair("", ""), {"f", "Zg"}, {"fo", "Zm8"}, {"foobar\xff\xfe", "Zm9vYmFy__4"}, {"\xfb\xff", "-_8"}}) {
+        EXPECT_EQ(base64URLString(bytesOf(input)), expected);
     }
 }

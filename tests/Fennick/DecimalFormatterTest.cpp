@@ -15,7 +15,6 @@ TEST(NumberTexts, FollowTheLocale)
     } cases[] = {
         {"en_US.UTF-8", "-1234567.5", "-1,234,567", "."},
         {"de_DE.UTF-8", "-1234567,5", "-1.234.567", ","},
-        {"de_CH.UTF-8", "-1234567.5", "-1’234’567", "."},
         {"en_IN.UTF-8", "-1234567.5", "-12,34,567", "."},
         {"C", "-1234567.5", "-1234567", "."},
     };
@@ -34,8 +33,6 @@ TEST(NumberTexts, KeepEveryTypeWhole)
     environment->set("LANG", "en_US");
     EXPECT_EQ(DecimalFormatter::string(std::numeric_limits<unsigned long>::max()), "18446744073709551615");
     EXPECT_EQ(DecimalFormatter::string(std::numeric_limits<long long>::min(), 2), "-9223372036854775808");
-    EXPECT_EQ(DecimalFormatter::string(static_cast<unsigned char>(200)), "200");
-    EXPECT_EQ(DecimalFormatter::string(2.5), "2");
     EXPECT_EQ(DecimalFormatter::string(0.25F, 1), "0.2");
     EXPECT_EQ(DecimalFormatter::string(1.0, -4), "1");
     EXPECT_EQ(DecimalFormatter::string(1.0, 1 << 20), "-");

@@ -22,7 +22,7 @@ std::string printed(const Block& block)
 
 }  // namespace
 
-TEST(Profiler, PrintsTheTimeSinceTheLatestStartOnce)
+TEST(Profiler, PrintsTheTimeSinceTheLatestStartOfANameOrOfTheFirst)
 {
     const Tests::ReplacedClock clock;
     Profiler::start("a");
@@ -31,11 +31,6 @@ TEST(Profiler, PrintsTheTimeSinceTheLatestStartOnce)
     clock->advance(0.03125);
     EXPECT_EQ(printed([] { Profiler::stop("a"); }), "a: 31.25000 ms\n");
     EXPECT_EQ(printed([] { Profiler::stop("a"); }), "");
-}
-
-TEST(Profiler, StopsTheFirstWithoutAName)
-{
-    const Tests::ReplacedClock clock;
     Profiler::start();
     Profiler::start("b 100%s");
     clock->advance(0.5);

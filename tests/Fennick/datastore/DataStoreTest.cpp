@@ -28,30 +28,6 @@ protected:
     IDataStore& store = implementation;
 };
 
-template <typename T>
-void incrementsWithinItsType(IDataStore& store)
-{
-    const char* key = "cpu";
-    store.set(T(3), key);
-    store.increment(T(5), key);
-    EXPECT_EQ(store.valueFor(key), Number(8));
-    EXPECT_EQ(store.historyFor(key)->back(), Number(8));
-    if constexpr (std::integral<T>) {
-        store.set(std::numeric_limits<T>::max(), key);
-        store.increment(T(1), key);
-        EXPECT_EQ(store.valueFor(key)->template as<T>(), std::numeric_limits<T>::max());
-    }
-    store.set(std::optional<T>(), key);
-    store.increment(T(5), key);
-    EXPECT_EQ(store.valueFor(key), std::nullopt);
-}
-
-template <typename... Types>
-void increment(IDataStore& store)
-{
-    (incrementsWithinItsType<Types>(store), ...);
-}
-
 // A whole type cuts the fraction and wraps to its width.
 template <typename T>
 T cut(double number)
@@ -60,32 +36,11 @@ T cut(double number)
     return T(static_cast<T>(number));
 }
 
-template <typename T>
-void readsAs(IDataStore& store)
-{
-    store.set(-1.75, "cpu");
-    EXPECT_EQ(store.valueAs<T>("cpu"), cut<T>(-1.75));
-    EXPECT_EQ(store.valueAs<T>("missing"), T(0));
-}
-
-template <typename T>
-void readsHistoryAs(IDataStore& store)
-{
-    store.set(300.1, "cpu");
-    EXPECT_EQ(store.historyAs<T>("cpu").back(), cut<T>(300.1));
-    EXPECT_TRUE(store.historyAs<T>("missing").empty());
-}
-
+// Calls the check with the zero of each type.
 template <typename... Types>
-void read(IDataStore& store)
+void forEach(const auto& check)
 {
-    (readsAs<Types>(store), ...);
-}
-
-template <typename... Types>
-void readHistory(IDataStore& store)
-{
-    (readsHistoryAs<Types>(store), ...);
+    (check(Types(0)), ...);
 }
 
 }  // namespace
@@ -144,16 +99,36 @@ TEST_F(DataStoreWithReadings, WritesOnlyWhatStandsUnderTheKeyItself)
 
 TEST_F(DataStoreWithReadings, IncrementsInEachType)
 {
-    increment<long, short, int, long long, unsigned long, unsigned short, unsigned int, unsigned long long, float,
-              double>(store);
+    forEach<long, short, int, long long, unsigned long, unsigned short, unsigned int, unsigned long long, float,
+            double>([&]<typename T>(T) {
+        store.set(T(3), "cpu");
+        store.increment(T(5), "cpu");
+        EXPECT_EQ(store.historyFor("cpu")->back(), Number(8));
+        if constexpr (std::integral<T>) {
+            store.set(std::numeric_limits<T>::max(), "cpu");
+            store.increment(T(1), "cpu");
+            EXPECT_EQ(store.valueAs<T>("cpu"), std::numeric_limits<T>::max());
+        }
+        store.set(std::optional<T>(), "cpu");
+        store.increment(T(5), "cpu");
+        EXPECT_EQ(store.valueFor("cpu"), std::nullopt);
+    });
 }
 
 TEST_F(DataStoreWithReadings, ReadsInEachType)
 {
-    read<long, unsigned long, signed char, unsigned char, short, unsigned short, int, unsigned int, long long,
-         unsigned long long, float, double>(store);
-    readHistory<signed char, short, int, long long, unsigned char, unsigned short, unsigned int, unsigned long long,
-                float, double>(store);
+    store.set(-1.75, "cpu");
+    forEach<long, unsigned long, signed char, unsigned char, short, unsigned short, int, unsigned int, long long,
+            unsigned long long, float, double>([&]<typename T>(T zero) {
+        EXPECT_EQ(store.valueAs<T>("cpu"), cut<T>(-1.75));
+        EXPECT_EQ(store.valueAs<T>("missing"), zero);
+    });
+    store.set(300.1, "cpu");
+    forEach<signed char, short, int, long long, unsigned char, unsigned short, unsigned int, unsigned long long, float,
+            double>([&]<typename T>(T) {
+        EXPECT_EQ(store.historyAs<T>("cpu").back(), cut<T>(300.1));
+        EXPECT_TRUE(store.historyAs<T>("missing").empty());
+    });
     EXPECT_EQ(store.historyAs<CGFloat>("cpu").back(), CGFloat(300.1F));
 }
 
