@@ -31,16 +31,13 @@ TEST(LocalizedText, ShowsTheKeyUnlessTheTextKeepsItsPromise)
     } cases[] = {
         {"plain 100%%", "plain 100%", "K", "K"},
         {"%ld s", "K", "-7 s", "K"},
-        {"%d", "K", "-7", "K"},
         {"in %1$lld%%", "K", "in -7%", "K"},
         {"at %@!", "K", "K", "at 5%d!"},
-        {"%1$@", "K", "K", "5%d"},
         {"%ld of %ld", "K", "K", "K"},
         {"%@ %ld", "K", "K", "K"},
         {"%s", "K", "K", "K"},
         {"%", "K", "K", "K"},
         {"%2$@", "K", "K", "K"},
-        {"%n", "K", "K", "K"},
     };
     for (const auto& given : cases) {
         const Tests::TemporaryDirectory folder;

@@ -22,8 +22,7 @@ protected:
     }
     void place(const std::string& folder)
     {
-        place(folder, "Fennick");
-        place(folder, "Lorrel");
+        for (const char* library : {"Fennick", "Lorrel"}) place(folder, library);
     }
 
     // Of the program, put there first where it is not.
@@ -48,11 +47,6 @@ protected:
 
 }  // namespace
 
-TEST_F(ResourcePlaces, ServeTheBuildTree)
-{
-    EXPECT_EQ(outputAt(RESOURCE_PROBE), built + "/Fennick_Fennick.bundle\n" + built + "/Lorrel_Lorrel.bundle\n");
-}
-
 TEST_F(ResourcePlaces, ComeInTheirOrder)
 {
     place("a/App.app");
@@ -63,8 +57,9 @@ TEST_F(ResourcePlaces, ComeInTheirOrder)
     EXPECT_EQ(outputOf("a/App.app/Contents/MacOS/app"), found("a/App.app/Contents/Resources/"));
 }
 
-TEST_F(ResourcePlaces, ServeAnInstallTreeAndAProgramBesideThem)
+TEST_F(ResourcePlaces, ServeTheBuildTreeAnInstallTreeAndAProgramBesideThem)
 {
+    EXPECT_EQ(outputAt(RESOURCE_PROBE), built + "/Fennick_Fennick.bundle\n" + built + "/Lorrel_Lorrel.bundle\n");
     place("usr/share/pellora");
     EXPECT_EQ(outputOf("usr/bin/probe"), found("usr/share/pellora/"));
     place("alone");

@@ -102,11 +102,9 @@ TEST(WebRequest, FailsWithUnsupportedUrlWhereTheTextIsNone)
     }
     EXPECT_EQ(got(WebRequest::getRaw("http://127.0.0.1/a b")), unsupported);
     EXPECT_EQ(called([](auto completion) { WebRequest::getRaw("http://127.0.0.1/a b", completion); }), "nothing");
-    std::promise<int> code;
-    WebRequest::ping("", 1, [&](const Outcome<PingResult>& outcome) {
-        code.set_value(static_cast<int>(std::get<URLError>(outcome).code()));
-    });
-    EXPECT_EQ(std::to_string(code.get_future().get()), unsupported);
+    std::promise<URLError::Code> code;
+    WebRequest::ping("", 1, [&](const auto& outcome) { code.set_value(std::get<URLError>(outcome).code()); });
+    EXPECT_EQ(code.get_future().get(), URLError::Code::unsupportedURL);
 }
 
 TEST(WebRequest, EachOperationSendsItsMethodBodyAndHeaders)
@@ -120,7 +118,6 @@ TEST(WebRequest, EachOperationSendsItsMethodBodyAndHeaders)
     const WebRequest::HeaderFields headers{{"X-A", "1"}, {"X-A", "2"}};
     EXPECT_TRUE(starts(WebRequest::post(url, "a=b&c=%20"), "POST", "\n\na=b&c=%20"));
     EXPECT_TRUE(starts(WebRequest::request("PATCH", url), "PATCH", "\n\n"));
-    EXPECT_TRUE(starts(WebRequest::put(url), "PUT", "\n\n"));
     EXPECT_TRUE(starts(WebRequest::delete_(url), "DELETE", "\n\n"));
     EXPECT_NE(got(WebRequest::get(url, headers)).find("X-A: 1\nX-A: 2\n"), std::string::npos);
     EXPECT_NE(got(WebRequest::post(url, "x")).find("Content-Type: application/x-www-form-urlencoded\n"),
@@ -145,12 +142,10 @@ TEST(WebRequest, PingTellsSuccessByStatusAndThrowsWhatTheTransportSays)
     EXPECT_FALSE(missing.isSuccess);
     EXPECT_GT(missing.responseTime, 0);
     EXPECT_THROW(WebRequest::ping(server.url("/silent"), 0.1).get(), URLError);
-    EXPECT_THROW(WebRequest::ping(server.url("/silent"), -1).get(), URLError);
     EXPECT_FALSE(WebRequest::ping("file:///etc/hostname", 5).get().isSuccess);
     std::promise<bool> success;
-    WebRequest::ping(server.url("/status/299"), 5, [&](const Outcome<PingResult>& outcome) {
-        success.set_value(std::get<PingResult>(outcome).isSuccess);
-    });
+    WebRequest::ping(server.url("/status/299"), 5,
+                     [&](const auto& outcome) { success.set_value(std::get<PingResult>(outcome).isSuccess); });
     EXPECT_TRUE(success.get_future().get());
 
     for (const auto& [path, isReachable] :
