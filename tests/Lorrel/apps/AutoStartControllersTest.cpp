@@ -43,45 +43,26 @@ struct MainAppAutoStartTest : testing::Test {
 
 TEST_F(LoginItemAutoStartTest, TheFirstJobWithTheStartersLabelDecides)
 {
-    const JobDictionary on{{"Label", starter}, {"OnDemand", true}};
-    const JobDictionary off{{"Label", starter}, {"OnDemand", false}};
-    const JobDictionary longer{{"Label", starter + ".extra"}, {"OnDemand", true}};
-    const JobDictionary shorter{{"Label", "com.orvane.pellora"}, {"OnDemand", true}};
-    const JobDictionary number{{"Label", starter}, {"OnDemand", 1}};
-    const JobDictionary text{{"Label", starter}, {"OnDemand", "true"}};
-    const JobDictionary silent{{"Label", starter}};
-    const JobDictionary unlabelled{{"OnDemand", true}};
-    const JobDictionary oddLabel{{"Label", 7}, {"OnDemand", true}};
-
-    struct Row {
-        std::optional<std::vector<JobDictionary>> jobs;
-        bool isEnabled;
+    const auto job = [](const PropertyList& label, const PropertyList& onDemand) {
+        return JobDictionary{{"Label", label}, {"OnDemand", onDemand}};
     };
-    const std::vector<Row> rows{
-        {std::nullopt, false},   {{{}}, false},
-        {{{on}}, true},          {{{off}}, false},
-        {{{longer}}, true},      {{{shorter}}, false},
-        {{{number}}, false},     {{{text}}, false},
-        {{{silent}}, false},     {{{JobDictionary(), unlabelled, oddLabel, shorter, on}}, true},
-        {{{off, on}}, false},    {{{silent, on}}, false},
+    const JobDictionary on = job(starter, true), off = job(starter, false), silent{{"Label", starter}};
+    const JobDictionary longer = job(starter + ".extra", true), shorter = job("com.orvane.pellora", true);
+    const std::vector<std::pair<std::optional<std::vector<JobDictionary>>, bool>> rows{
+        {std::nullopt, false},
+        {{{}}, false},
+        {{{on}}, true},
+        {{{off, on}}, false},
+        {{{silent, on}}, false},
         {{{longer, off}}, true},
+        {{{job(starter, 1)}}, false},
+        {{{job(starter, "true")}}, false},
+        {{{JobDictionary(), {{"OnDemand", true}}, job(7, true), shorter, on}}, true},
     };
-    for (std::size_t number_ = 0; number_ < rows.size(); ++number_) {
-        items->jobs = rows[number_].jobs;
-        EXPECT_EQ(controller.isEnabled(), rows[number_].isEnabled) << "row " << number_;
+    for (const auto& [jobs, isEnabled] : rows) {
+        items->jobs = jobs;
+        EXPECT_EQ(controller.isEnabled(), isEnabled);
     }
-}
-
-TEST_F(LoginItemAutoStartTest, JobsCanBeSuppliedDifferently)
-{
-    struct Supplied : LoginItemAutoStartController {
-        using LoginItemAutoStartController::LoginItemAutoStartController;
-        std::optional<std::vector<JobDictionary>> jobDictionaries() const override
-        {
-            return {{{{"Label", starter}, {"OnDemand", true}}}};
-        }
-    };
-    EXPECT_TRUE(Supplied(app, starter).isEnabled());
 }
 
 TEST_F(LoginItemAutoStartTest, SwitchesTheStarterAndDropsRefusals)
@@ -139,7 +120,6 @@ TEST_F(MainAppAutoStartTest, RegistersAndUnregistersUnlessApprovalIsDue)
     const auto disable = [](MainAppAutoStartController& used) { used.disable(); };
     for (const bool isRefusing : {false, true}) {
         for (const Row& row : std::vector<Row>{{Status::notRegistered, on, {"register"}, 0},
-                                               {Status::notFound, on, {"register"}, 0},
                                                {Status::enabled, off, {"unregister"}, 0},
                                                {Status::requiresApproval, on, {}, 1},
                                                {Status::requiresApproval, off, {}, 1},
