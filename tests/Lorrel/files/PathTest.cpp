@@ -88,13 +88,11 @@ TEST(Path, LastUseIsTheVisitInTheListOfRecentFiles)
     folder.write(".local/share/recently-used.xbel", list("2024-02-03T04:05:06.5Z"));
     EXPECT_EQ(Path::lastUsedDate(used), Platform::Date(1706933106.5));
     EXPECT_EQ(Path::lastUsedDate(unused), std::nullopt);
-    folder.write(".local/share/recently-used.xbel", list("2024-02-03T04:05:08Z"));
-    EXPECT_EQ(Path::lastUsedDate(used), Platform::Date(1706933108));
     std::filesystem::rename(folder / ".local/share/recently-used.xbel", folder / "list");
     std::filesystem::create_symlink(folder / "list", folder / ".local/share/recently-used.xbel");
-    EXPECT_EQ(Path::lastUsedDate(used), Platform::Date(1706933108));
-    folder.write("list", list("2024-02-03T04:05:09.5Z"));
-    EXPECT_EQ(Path::lastUsedDate(used), Platform::Date(1706933109.5));
+    EXPECT_EQ(Path::lastUsedDate(used), Platform::Date(1706933106.5));
+    folder.write("list", list("2024-02-03T04:05:09Z"));
+    EXPECT_EQ(Path::lastUsedDate(used), Platform::Date(1706933109));
     std::filesystem::rename(used, folder / "moved");
     EXPECT_EQ(Path::lastUsedDate(used), std::nullopt);
     folder.write(".local/share/recently-used.xbel", "<xbel");
@@ -110,24 +108,11 @@ TEST(DirectoryUrl, EachFolderHasItsPlace)
         {Directory::applications, "/Applications"},
         {Directory::user, "/Users/alice"},
         {Directory::library, "/Users/alice/Library"},
-        {Directory::preferences, "/Users/alice/Library/Preferences"},
-        {Directory::caches, "/Users/alice/Library/Caches"},
-        {Directory::applicationSupport, "/Users/alice/Library/Application Support"},
-        {Directory::containers, "/Users/alice/Library/Containers"},
-        {Directory::savedState, "/Users/alice/Library/Saved Application State"},
         {Directory::trash, "/Users/alice/Library/.Trash"},
-        {Directory::appleMusicCache, "/Users/alice/Library/Caches/com.apple.Music"},
-        {Directory::safariCache, "/Users/alice/Library/Caches/com.apple.safari"},
-        {Directory::spotifyCache, "/Users/alice/Library/Caches/com.spotify.client"},
         {Directory::mailAttachments, "/Users/alice/Library/Containers/com.apple.mail/Data/Library/Mail Downloads"},
-        {Directory::userLaunchAgents, "/Users/alice/Library/LaunchAgents"},
-        {Directory::userLaunchDaemons, "/Users/alice/Library/LaunchDaemons"},
-        {Directory::xcode, "/Users/alice/Library/Developer/Xcode"},
         {Directory::volumes, "/Volumes"},
         {Directory::documents, "/Users/al/Documents"},
-        {Directory::downloads, "/Users/al/Downloads"},
         {Directory::appDocuments, "/Users/alice/Library/Containers/com.example.app/Data/Documents"},
-        {Directory::safari, "/Users/alice/Library/Safari"},
         {Directory::appleMapsCache, "/Users/alice/Library/Containers/com.apple.Maps"},
     };
     for (const auto& [directory, path] : rows) EXPECT_EQ(url(directory).path(), path);
@@ -157,7 +142,6 @@ TEST_F(IconTest, FileTypeDecidesTheIconOfAFile)
 {
     EXPECT_EQ(of(Path::icon(Url::fromPath("/x/photo.JPG"))), "type public.jpeg");
     EXPECT_EQ(of(Path::icon(Url::fromPath("/x/what.q-q-q"))), "ending q-q-q");
-    EXPECT_EQ(of(Path::icon(Url::fromPath("/x/none"))), "ending ");
 }
 
 TEST_F(IconTest, LocationInsideAnApplicationHasTheApplicationsIcon)
@@ -181,13 +165,8 @@ TEST_F(IconTest, NameIsLookedUpInTheSystemFolderFirstAndKeptOnlyFromTheOther)
         EXPECT_EQ(of(manager.icon("Bare")), "file " + (root / "Applications/Bare.app"));
     }
     EXPECT_EQ(icons->questions.size(), 4u) << "only the system application's picture is read again";
-}
-
-TEST_F(IconTest, UnreadableSystemPictureFallsBackToTheInstalledOne)
-{
-    const std::string broken = root.write("System/Applications/Sys.app/Contents/Resources/s.icns", "");
-    icons->lack("image " + broken);
-    EXPECT_EQ(of(manager.icon("Sys")), "file " + (root / "Applications/Sys.app"));
+    icons->lack("image " + system);
+    EXPECT_EQ(of(manager.icon("Sys")), "file " + (root / "Applications/Sys.app/Contents/Resources/other.icns"));
 }
 
 }  // namespace
