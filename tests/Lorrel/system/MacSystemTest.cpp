@@ -56,13 +56,10 @@ TEST_F(MacSystemTest, SystemTextsComeFromTheVersionString)
     const std::string unknown = MacSystem::osName(7);
     const Case cases[] = {
         {"Version 14.2.1 (Build 23C71)", 14, "macOS Sonoma", "14.2.1 (Build 23C71)", "macOS 14.2.1 (Build 23C71)"},
-        {"Version 13.6 (Build 22G120)", 13, "macOS Ventura", "13.6 (Build 22G120)", "macOS 13.6 (Build 22G120)"},
         {"Version 11", 11, "macOS Big Sur", "11", "macOS 11"},
-        {"Version 15.0", 15, unknown.c_str(), "15.0", "macOS 15.0"},
         {"Version Debian GNU/Linux 12 (bookworm)", std::nullopt, unknown.c_str(), "Debian GNU/Linux 12 (bookworm)",
          "macOS Debian GNU/Linux 12 (bookworm)"},
         {"Version", std::nullopt, unknown.c_str(), "", "macOS"},
-        {" Version \n", std::nullopt, unknown.c_str(), "", "macOS"},
         {"Version 99999999999999999999.1", std::nullopt, unknown.c_str(), "99999999999999999999.1",
          "macOS 99999999999999999999.1"},
     };
@@ -77,26 +74,15 @@ TEST_F(MacSystemTest, SystemTextsComeFromTheVersionString)
         EXPECT_EQ(MacSystem::osDescription(), item.name + " "s + item.text);
     }
     EXPECT_EQ(MacSystem::osName(8), "macOS Tiger");
-    EXPECT_EQ(MacSystem::osName(24), "macOS Sequoia");
     EXPECT_EQ(MacSystem::osName(25), unknown);
 }
 
 TEST_F(MacSystemTest, TheModelDecidesTheSymbol)
 {
     const std::pair<const char*, const char*> cases[] = {
-        {"Mac13,1", "macstudio"},
-        {"Mac13,2", "desktopcomputer"},
-        {"MacBookAir10,1", "laptopcomputer"},
-        {"MacBookPro18,3", "laptopcomputer"},
-        {"iMac21,1", "desktopcomputer"},
-        {"Macmini9,1", "macmini"},
-        {"MacPro4,1", "macpro.gen1"},
-        {"MacPro5,1", "macpro.gen1"},
-        {"MacPro6,1", "macpro.gen2"},
-        {"MacPro7,1", "macpro.gen3"},
-        {"MacPro8,1", "macpro.gen3"},
-        {"", "desktopcomputer"},
-        {"macmini1,1", "desktopcomputer"},
+        {"Mac13,1", "macstudio"},     {"MacBookPro18,3", "laptopcomputer"}, {"Macmini9,1", "macmini"},
+        {"MacPro5,1", "macpro.gen1"}, {"MacPro6,1", "macpro.gen2"},         {"MacPro8,1", "macpro.gen3"},
+        {"", "desktopcomputer"},      {"macmini1,1", "desktopcomputer"},
     };
     for (const auto& [model, symbol] : cases) {
         MacSystem::setModel(model);
@@ -170,7 +156,6 @@ TEST_F(MacSystemTest, IntelMachinesTakeTheirNameFromTheTableOfModels)
          "Mac Pro (2019)"},
         {"de_DE.UTF-8", row + "</dict></dict>", "-"},
         {"de_DE.UTF-8", row + "<key>marketingModel</key><integer>1</integer></dict></dict>", "-"},
-        {"de_DE.UTF-8", "<key>MacPro7,1</key><string>x</string>", "-"},
         {"de_DE.UTF-8", "<broken", "-"},
         {"de-AT", row + "<key>marketingModel</key><string>x</string></dict></dict>", "x"},
         {"../de", row + "<key>marketingModel</key><string>x</string></dict></dict>", "-"},
