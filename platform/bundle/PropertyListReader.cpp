@@ -3,9 +3,9 @@
 #include <limits>
 
 #include "platform/bundle/PropertyList.h"
-#include "platform/bundle/internal/FileBytes.h"
 #include "platform/bundle/internal/LibPlist.h"
 #include "platform/bundle/internal/PropertyListGuard.h"
+#include "platform/runtime/FileBytes.h"
 
 namespace Platform {
 

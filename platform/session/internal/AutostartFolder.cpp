@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 
 #include <unistd.h>
 
 #include "platform/runtime/Environment.h"
+#include "platform/runtime/FileBytes.h"
 #include "platform/session/internal/ReplaceFile.h"
 
 namespace Platform {
@@ -19,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view ending = ".desktop";
-constexpr std::uintmax_t largestEntry = 1 << 20;
+constexpr std::size_t largestEntry = 1 << 20;
 
 std::string fileOf(const std::string& identifier)
 {
@@ -84,13 +83,9 @@ std::optional<std::vector<std::string>> AutostartFolder::identifiers()
 
 std::optional<DesktopEntry> AutostartFolder::read(const std::string& identifier)
 {
-    std::error_code failure;
     if (!isFileName(identifier)) return std::nullopt;
-    const fs::path file = fileOf(identifier);
-    if (!fs::is_regular_file(file, failure) || fs::file_size(file, failure) > largestEntry) return std::nullopt;
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) return std::nullopt;
-    return DesktopEntry::parse(std::string(std::istreambuf_iterator<char>(stream), {}));
+    const auto text = readFileBytes(fileOf(identifier), largestEntry);
+    return text ? std::optional(DesktopEntry::parse(*text)) : std::nullopt;
 }
 
 bool AutostartFolder::isEnabled(const DesktopEntry& entry)

@@ -8,13 +8,11 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <sys/syslog.h>
 #include <sys/wait.h>
 #include <systemd/sd-journal.h>
 #include <unistd.h>
 
-#include "platform/runtime/Environment.h"
 #include "platform/runtime/FileDescriptor.h"
 
 namespace Platform {
@@ -131,10 +129,15 @@ FileDescriptor outputFor(const std::string& executable)
 
 bool waitReadable(int descriptor, std::chrono::steady_clock::time_point deadline)
 {
-    const auto left = deadline - std::chrono::steady_clock::now();
-    const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(left).count();
     pollfd state{descriptor, POLLIN, 0};
-    return milliseconds > 0 && ::poll(&state, 1, static_cast<int>(milliseconds)) > 0;
+    while (true) {
+        const auto left = deadline - std::chrono::steady_clock::now();
+        const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(left).count();
+        if (milliseconds <= 0) return false;
+        const int ready = ::poll(&state, 1, static_cast<int>(milliseconds));
+        if (ready > 0) return true;
+        if (ready < 0 && errno != EINTR) return false;
+    }
 }
 
 // Reads until the pipe ends, which it does when the program executes.
@@ -185,22 +188,6 @@ Result<pid_t> startDetached(const DetachedProgram& program)
     takeStatus(child);
     if (result.error != 0) return Error::fromErrno("exec", program.executable, result.error);
     return result.process;
-}
-
-std::optional<std::string> programInPath(std::string_view name)
-{
-    const std::string path = Environment::shared().variable("PATH").value_or("/usr/local/bin:/usr/bin:/bin");
-    for (std::size_t start = 0; start <= path.size();) {
-        const std::size_t end = std::min(path.find(':', start), path.size());
-        const std::string candidate = path.substr(start, end - start) + "/" + std::string(name);
-        struct stat status {};
-        const bool isFile = ::stat(candidate.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-        if (isFile && candidate.front() == '/' && end > start && ::access(candidate.c_str(), X_OK) == 0) {
-            return candidate;
-        }
-        start = end + 1;
-    }
-    return std::nullopt;
 }
 
 }  // namespace Platform

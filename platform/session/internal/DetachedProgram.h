@@ -1,8 +1,6 @@
 #pragma once
 
-#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include <sys/types.h>
@@ -22,8 +20,5 @@ struct DetachedProgram {
 // after 5 s if the file system keeps that waiting. The new process, or the
 // reason why it does not execute.
 Result<pid_t> startDetached(const DetachedProgram& program);
-
-// The first executable file of that name in the folders of PATH.
-std::optional<std::string> programInPath(std::string_view name);
 
 }  // namespace Platform

@@ -14,6 +14,7 @@
 #include "platform/session/internal/DetachedProgram.h"
 #include "platform/session/internal/FileBrowser.h"
 #include "platform/session/internal/OpenLock.h"
+#include "platform/session/internal/ProgramInPath.h"
 
 namespace Platform {
 

@@ -1,4 +1,4 @@
-#include "platform/bundle/internal/FileBytes.h"
+#include "platform/runtime/FileBytes.h"
 
 #include <cerrno>
 
