@@ -121,11 +121,12 @@ public:
     std::size_t size() const { return count(); }
     bool isEmpty() const { return count() == 0; }
 
+    // The places in the order of the map; the one behind the last is the end.
     Index startIndex() const { return indexFrom({0}); }
     Index endIndex() const { return {~typename Map::Serial{0}}; }
-    Index indexAfter(Index index) const { return index == endIndex() ? index : indexFrom({index.serial + 1}); }
+    Index index(Index after) const { return after == endIndex() ? after : indexFrom({after.serial + 1}); }
     // The entry at the place; absent when it has been removed.
-    std::optional<Entry> at(Index index) const
+    std::optional<Entry> operator[](Index index) const
     {
         const auto found = entryFrom(index);
         if (!found || found->first != index) return std::nullopt;

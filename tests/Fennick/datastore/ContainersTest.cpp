@@ -101,12 +101,12 @@ TEST_P(DictionaryOfType, IteratesInSteadyPlacesWhileItChanges)
     }
     EXPECT_EQ(walked, "abz");
     auto index = numbers.startIndex();
-    EXPECT_EQ(numbers.at(index)->key, "b");
+    EXPECT_EQ(numbers[index]->key, "b");
     numbers.set("b", std::nullopt);
-    EXPECT_FALSE(numbers.at(index));
-    index = numbers.indexAfter(index);
-    EXPECT_EQ(numbers.at(index)->value, 26);
-    EXPECT_EQ(numbers.indexAfter(index), numbers.endIndex());
+    EXPECT_FALSE(numbers[index]);
+    index = numbers.index(index);
+    EXPECT_EQ(numbers[index]->value, 26);
+    EXPECT_EQ(numbers.index(index), numbers.endIndex());
 }
 
 TEST(KeyedTable, AnswersLikeTheLibrarysMapThroughRandomChanges)
