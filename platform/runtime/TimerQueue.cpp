@@ -15,16 +15,20 @@ TimePoint nextOnGrid(TimePoint due, std::chrono::nanoseconds interval, TimePoint
 
 void TimerQueue::insert(const std::shared_ptr<Timer>& timer, TimePoint due)
 {
-    {
-        std::lock_guard timerLock(timer->state_->mutex);
-        if (!timer->state_->isValid) return;
-        std::lock_guard lock(mutex_);
-        timer->state_->queue = weak_from_this();
-        timer->state_->due = due;
-        timer->state_->arrival = arrivals_;
-        timers_.emplace(Key{due, arrivals_++}, timer);
-    }
-    changed_();
+    if (place(timer, due)) changed_();
+}
+
+// False for a timer that has been invalidated meanwhile.
+bool TimerQueue::place(const std::shared_ptr<Timer>& timer, TimePoint due)
+{
+    std::lock_guard timerLock(timer->state_->mutex);
+    if (!timer->state_->isValid) return false;
+    std::lock_guard lock(mutex_);
+    timer->state_->queue = weak_from_this();
+    timer->state_->due = due;
+    timer->state_->arrival = arrivals_;
+    timers_.emplace(Key{due, arrivals_++}, timer);
+    return true;
 }
 
 void TimerQueue::erase(Timer& timer)
@@ -80,7 +84,7 @@ bool TimerQueue::fireOne(TimePoint now)
         }
     }
     // Back on the loop before the call, so that the action finds its timer in order.
-    if (next) insert(timer, *next);
+    if (next) place(timer, *next);
     if (action && *action) (*action)();
     return true;
 }

@@ -27,12 +27,14 @@ public:
     void close();
 
     std::optional<TimePoint> nextDue() const;
-    // Runs the action of the earliest timer that is due. False when none is.
+    // Runs the action of the earliest timer that is due. False when none is. The
+    // caller asks for the next due time by itself before it sleeps.
     bool fireOne(TimePoint now);
 
 private:
     using Key = std::pair<TimePoint, unsigned long>;
 
+    bool place(const std::shared_ptr<Timer>& timer, TimePoint due);
     std::shared_ptr<Timer> takeDue(TimePoint now);
 
     mutable std::mutex mutex_;
