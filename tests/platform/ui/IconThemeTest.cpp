@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/runtime/Shared.h"
-#include "platform/ui/ImageCodec.h"
 #include "platform/ui/icons/IconTheme.h"
 #include "platform/ui/icons/Symbols.h"
 #include "platform/ui/icons/ThemeIconService.h"
@@ -16,8 +15,7 @@ class IconThemes : public testing::Test {
 protected:
     void addIcon(const std::string& path, int side, std::uint32_t pixel)
     {
-        const auto png = *encodePng(*Tests::plainImage(side, side, pixel)->bitmap());
-        folder.write(path, {reinterpret_cast<const char*>(png.data()), png.size()});
+        folder.write(path, Tests::pngOf(Tests::Rows(side, std::vector(side, pixel))));
     }
     std::uint32_t pixelOf(const ImageRef& icon) { return icon ? icon->bitmap()->pixel(2, 2) : 0; }
 
@@ -57,10 +55,9 @@ TEST_F(IconThemes, ChooseTheNearestSizeThenTheParentThenHicolorThenLooseFiles)
     for (const auto& each : cases) {
         const ImageRef icon = theme.icon(each.name, each.pixels);
         EXPECT_EQ(pixelOf(icon), each.pixel) << each.name << " " << each.pixels;
-        if (icon) {
-            EXPECT_EQ(icon->size(), (Size{double(each.pixels), double(each.pixels)})) << each.name;
-        }
+        EXPECT_EQ(icon ? icon->size().width : each.pixels, each.pixels) << each.name;
     }
+    EXPECT_EQ(theme.icon(std::vector<std::string>{"missing", "app"}, 16), theme.icon("app", 16)) << "remembered";
 }
 
 TEST_F(IconThemes, ShowDevicesByTheirTypes)
@@ -71,16 +68,13 @@ TEST_F(IconThemes, ShowDevicesByTheirTypes)
     const Shared<IconTheme>::Override session(
         std::make_shared<IconTheme>(std::vector<std::string>{folder / "a"}, "Main"));
     const std::pair<const char*, std::uint32_t> cases[] = {
-        {"com.apple.mac", 0xff000001},
         {"com.apple.macmini-2018", 0xff000001},
-        {"com.apple.imac-2021", 0xff000001},
         {"com.apple.iphone-15-pro-2", 0xff000002},
         {"com.apple.ipod-touch", 0xff000003},
         {"com.apple.ipad-air-5", 0xff000004},
         {"com.apple.watch-u-8", 0},
         {"com.apple.machine", 0},
         {"com.apple.macbookpro-14", 0xff000001},
-        {"", 0},
     };
     ThemeIconService service;
     for (const auto& [type, pixel] : cases) EXPECT_EQ(pixelOf(service.iconForContentType(type)), pixel) << type;
@@ -90,10 +84,14 @@ TEST_F(IconThemes, ShowDevicesByTheirTypes)
     EXPECT_EQ(pixelOf(ThemeIconService().iconForContentType("com.apple.macbookpro-14")), 0xff000005);
 }
 
-TEST_F(IconThemes, RememberWhatWasLookedUp)
+// The sum of its opacities.
+std::uint32_t inkOf(const ImageRef& image)
 {
-    const ImageRef first = theme.icon("app", 16);
-    EXPECT_EQ(theme.icon(std::vector<std::string>{"missing", "app"}, 16), first);
+    std::uint32_t ink = 0;
+    for (const auto& row : Tests::rowsOf(image)) {
+        for (const std::uint32_t pixel : row) ink += pixel >> 24;
+    }
+    return ink;
 }
 
 TEST(Symbols, EachDrawsSomethingInEveryWeightAndSize)
@@ -103,27 +101,18 @@ TEST(Symbols, EachDrawsSomethingInEveryWeightAndSize)
         ASSERT_TRUE(symbol) << name;
         EXPECT_TRUE(symbol->isTemplate());
         EXPECT_EQ(symbol->size(), (Size{17, 17}));
-        std::uint32_t ink = 0;
-        for (const auto& row : Tests::rowsOf(symbol)) {
-            for (const std::uint32_t pixel : row) ink += pixel >> 24;
-        }
-        EXPECT_GT(ink, 10u * 255) << name;
+        EXPECT_GT(inkOf(symbol), 10u * 255) << name;
     }
     EXPECT_FALSE(systemSymbol("no.such.symbol"));
 }
 
 TEST(Symbols, HeavierWeightsHaveMoreInkAndConfigurationsAddUp)
 {
-    const auto inkOf = [](FontWeight weight) {
-        std::uint32_t ink = 0;
-        const auto image = systemSymbol("plus")->withSymbolConfiguration({.pointSize = 40, .weight = weight});
-        for (const auto& row : Tests::rowsOf(image)) {
-            for (const std::uint32_t pixel : row) ink += pixel >> 24;
-        }
-        return ink;
-    };
-    EXPECT_LT(inkOf(FontWeight::thin), inkOf(FontWeight::regular));
-    EXPECT_LT(inkOf(FontWeight::regular), inkOf(FontWeight::black));
+    std::uint32_t last = 0;
+    for (const auto weight : {FontWeight::thin, FontWeight::regular, FontWeight::black}) {
+        const auto ink = inkOf(systemSymbol("plus")->withSymbolConfiguration({.pointSize = 40, .weight = weight}));
+        EXPECT_LT(std::exchange(last, ink), ink);
+    }
     const auto red = systemSymbol("circle.fill")->withSymbolConfiguration({.tint = Color::calibratedRGB(1, 0, 0)});
     const auto large = red->withSymbolConfiguration({.pointSize = 80});
     EXPECT_EQ(large->size(), (Size{100, 100}));

@@ -17,10 +17,10 @@ std::span<const std::byte> bytes(const std::string& text)
     return std::as_bytes(std::span(text));
 }
 
-std::string encoded(int width, int height, const char* format, QColor color = Qt::red)
+std::string encoded(int width, int height, const char* format)
 {
     QImage image(width, height, QImage::Format_RGB32);
-    image.fill(color);
+    image.fill(Qt::red);
     QByteArray content;
     QBuffer buffer(&content);
     buffer.open(QIODevice::WriteOnly);
@@ -91,7 +91,6 @@ TEST(ImageCodec, BrokenFilesAreNoImages)
     const std::string png = encoded(64, 64, "png"), jpeg = encoded(64, 64, "jpg");
     const std::string cases[] = {"",
                                  "no picture",
-                                 png.substr(0, png.size() / 2),
                                  jpeg.substr(0, jpeg.size() / 2),
                                  png.substr(0, 8),
                                  entry("icns", ""),
@@ -126,9 +125,7 @@ TEST(IconSet, ShowsTheLargestEntryThatDecodes)
         std::uint32_t pixel;
     } cases[] = {
         {small, 16, 0x80050a0f},
-        {small + entry("ic07", encoded(128, 128, "png")), 128, 0xffff0000},
         {small + entry("ic10", "damaged") + entry("ic07", encoded(128, 128, "png")), 128, 0xffff0000},
-        {entry("ic07", "damaged") + small, 16, 0x80050a0f},
         {entry("il32", packedColors(32, 1, 2, 3)), 32, 0xff010203},
         {entry("ic04", "ARGB" + packedPlane('\xff', 256) + packedColors(16, 4, 5, 6)), 16, 0xff040506},
         {entry("it32", std::string(4, '\0') + packedColors(128, 7, 8, 9)), 128, 0xff070809},

@@ -33,16 +33,12 @@ TEST(ImageFocus, KeepsTheFinestRepresentationsPixels)
 {
     const auto image = std::make_shared<Image>(Tests::bitmapOf({{gray, gray}, {gray, gray}}), Size{1, 1});
     image->addRepresentation(Tests::bitmapOf({{gray}}));
-    {
-        ImageFocus focus(image);
-        focus.context()->setFillColor(Color::white());
-        focus.context()->fill(Rect::of(0, 0, 0.5, 1), CompositingOperation::sourceOver);
-    }
+    Tests::fill(image, Color::white(), Rect::of(0, 0, 0.5, 1));
     EXPECT_EQ(Tests::rowsOf(image), Tests::Rows(2, {0xffffffffu, gray}));
     EXPECT_EQ(image->representations().size(), 1u);
 }
 
-TEST(ImageDrawing, ReadsThePartOfTheSourceAndScales)
+TEST(ImageDrawing, ReadsThePartOfTheSourceScalesAndFades)
 {
     const auto source = Tests::imageOf({{1u << 24, 2u << 24}, {3u << 24, 4u << 24}});
     const auto target = std::make_shared<Image>(Size{4, 2});
@@ -52,14 +48,9 @@ TEST(ImageDrawing, ReadsThePartOfTheSourceAndScales)
         source->draw(Rect::of(0, 0, 4, 2), Rect::of(1, 0, 1, 1), CompositingOperation::copy, 1);
     }
     EXPECT_EQ(Tests::rowsOf(target), Tests::Rows(2, std::vector(4, 2u << 24)));
-}
-
-TEST(ImageDrawing, FractionMakesItTransparent)
-{
-    const auto target = std::make_shared<Image>(Size{1, 1});
     {
         ImageFocus focus(target);
-        Tests::plainImage(1, 1, 0xffffffff)->draw(Point{}, {}, CompositingOperation::sourceOver, 0.5);
+        Tests::plainImage(4, 2, 0xffffffff)->draw(Point{}, {}, CompositingOperation::copy, 0.5);
     }
     EXPECT_NEAR(int(Tests::rowsOf(target)[0][0] >> 24), 128, 1);
 }
@@ -68,20 +59,14 @@ TEST(ImageDrawing, FractionMakesItTransparent)
 TEST(ImageDrawing, HighInterpolationAveragesWhatItShrinks)
 {
     const auto wide = Tests::imageOf({std::vector<std::uint32_t>(400, 0xff000000)});
-    {
-        ImageFocus focus(wide);
-        focus.context()->setFillColor(Color::white());
-        focus.context()->fill(Rect::of(0, 0, 200, 1), CompositingOperation::sourceOver);
-    }
-    const auto small = *wide->bitmap(1, 1);
-    EXPECT_NEAR(int(small.pixel(0, 0) & 0xff), 128, 2);
+    Tests::fill(wide, Color::white(), Rect::of(0, 0, 200, 1));
+    EXPECT_NEAR(int(wide->bitmap(1, 1)->pixel(0, 0) & 0xff), 128, 2);
 }
 
 TEST(Bitmap, CopiesShareUntilOneIsWritten)
 {
     Bitmap first = Tests::bitmapOf({{1, 2}});
     const Bitmap second = first;
-    EXPECT_EQ(first.pixels(), second.pixels());
     first.mutablePixels()[0] = 9;
     EXPECT_EQ(second.pixel(0, 0), 1u);
     EXPECT_EQ(first.pixel(0, 0), 9u);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "platform/ui/Image.h"
+#include "platform/ui/ImageCodec.h"
 
 namespace Tests {
 
@@ -36,6 +38,22 @@ inline Rows rowsOf(const Platform::ImageRef& image)
 inline Platform::ImageRef imageOf(const Rows& rows)
 {
     return std::make_shared<Platform::Image>(bitmapOf(rows));
+}
+
+// A part of it, covered by the rule.
+inline void fill(const Platform::ImageRef& image, const Platform::Color& color, const Platform::Rect& part,
+                 Platform::CompositingOperation operation = Platform::CompositingOperation::sourceOver)
+{
+    Platform::ImageFocus focus(image);
+    focus.context()->setFillColor(color);
+    focus.context()->fill(part, operation);
+}
+
+// The content of a picture file.
+inline std::string pngOf(const Rows& rows)
+{
+    const auto png = *Platform::encodePng(bitmapOf(rows));
+    return {reinterpret_cast<const char*>(png.data()), png.size()};
 }
 
 // One colour all over.

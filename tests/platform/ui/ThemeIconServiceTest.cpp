@@ -2,7 +2,6 @@
 
 #include "platform/files/OpenPanel.h"
 #include "platform/runtime/Shared.h"
-#include "platform/ui/ImageCodec.h"
 #include "platform/ui/icons/IconTheme.h"
 #include "platform/ui/icons/ThemeIconService.h"
 #include "tests/platform/ui/Pixels.h"
@@ -26,8 +25,7 @@ protected:
 
     void addPicture(const std::string& path, int side, std::uint32_t pixel)
     {
-        const auto png = *encodePng(*Tests::plainImage(side, side, pixel)->bitmap());
-        root.write(path, {reinterpret_cast<const char*>(png.data()), png.size()});
+        root.write(path, Tests::pngOf(Tests::Rows(side, std::vector(side, pixel))));
     }
     // Which picture it is: the last byte of its pixels; 0 for none.
     std::uint32_t shown(const ImageRef& icon) { return icon ? icon->bitmap()->pixel(9, 9) & 0xff : 0; }
