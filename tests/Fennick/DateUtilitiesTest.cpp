@@ -1,6 +1,5 @@
 #include <cmath>
 #include <limits>
-#include <vector>
 
 #include <gtest/gtest.h>
 

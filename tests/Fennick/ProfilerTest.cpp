@@ -1,7 +1,5 @@
 #include <algorithm>
-#include <string>
 #include <thread>
-#include <vector>
 
 #include <gtest/gtest.h>
 

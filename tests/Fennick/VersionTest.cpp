@@ -1,6 +1,4 @@
 #include <iterator>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 

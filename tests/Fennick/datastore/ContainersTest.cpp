@@ -1,6 +1,5 @@
 #include <atomic>
 #include <random>
-#include <string>
 #include <thread>
 #include <unordered_map>
 

@@ -1,5 +1,4 @@
 #include <chrono>
-#include <functional>
 #include <thread>
 
 #include <gtest/gtest.h>

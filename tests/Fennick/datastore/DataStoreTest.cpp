@@ -141,9 +141,6 @@ TEST_F(DataStoreWithReadings, GivesEveryIdentifierItsHistoryLength)
     EXPECT_EQ(store.historyAs<int>("host").size(), 10U);
     store.add(std::make_shared<NumberIdentifier>("late"));
     EXPECT_EQ(store.historyAs<int>("late").size(), 10U);
-    store.set(5, "cpu");
-    store.setHistorySize(10);
-    EXPECT_EQ(store.historyAs<int>("cpu").back(), 0);
 }
 
 TEST_F(DataStoreWithReadings, MergesAndRemoves)

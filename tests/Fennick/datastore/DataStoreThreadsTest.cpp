@@ -1,9 +1,6 @@
 #include <atomic>
 #include <chrono>
-#include <functional>
-#include <string>
 #include <thread>
-#include <vector>
 
 #include <gtest/gtest.h>
 

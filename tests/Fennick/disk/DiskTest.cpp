@@ -1,6 +1,5 @@
 #include <atomic>
 #include <filesystem>
-#include <functional>
 #include <limits>
 #include <thread>
 

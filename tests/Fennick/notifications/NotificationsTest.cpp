@@ -1,6 +1,4 @@
 #include <regex>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,5 @@
 #include <coroutine>
 #include <future>
-#include <string>
 
 #include <gtest/gtest.h>
 

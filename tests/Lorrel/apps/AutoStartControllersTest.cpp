@@ -1,9 +1,3 @@
-#include <memory>
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "Lorrel/apps/queries/LoginItemAutoStartController.h"

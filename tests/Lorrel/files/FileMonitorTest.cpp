@@ -1,5 +1,4 @@
 #include <filesystem>
-#include <functional>
 #include <thread>
 
 #include <fcntl.h>

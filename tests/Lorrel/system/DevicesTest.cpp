@@ -1,9 +1,6 @@
 #include <algorithm>
 #include <cstring>
-#include <memory>
 #include <set>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 

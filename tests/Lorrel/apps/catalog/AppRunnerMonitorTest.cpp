@@ -1,5 +1,3 @@
-#include <functional>
-
 #include <gtest/gtest.h>
 
 #include "Lorrel/apps/AppRunnerMonitor.h"
