@@ -19,12 +19,17 @@ namespace {
 
 constexpr auto longestWait = std::chrono::seconds(2);
 
-// Readable, and short enough for a file name; the number tells apart what was cut.
+// The same in every program, however it was built. What is too long for a file
+// name is cut, and told apart by a number.
 std::string lockFile(std::string_view application)
 {
-    const std::string name = percentEncoded(application, "-._").substr(0, 100);
-    return Environment::shared().runtimeDirectory() + "/pellora-open-" + name + "-" +
-           std::to_string(std::hash<std::string_view>()(application)) + ".lock";
+    constexpr std::size_t longestName = 100;
+    std::string name = percentEncoded(application, "-._");
+    if (name.size() > longestName) {
+        name.resize(longestName);
+        name += "~" + std::to_string(std::hash<std::string_view>()(application));
+    }
+    return Environment::shared().runtimeDirectory() + "/pellora-open-" + name + ".lock";
 }
 
 }  // namespace
