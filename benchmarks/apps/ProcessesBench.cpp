@@ -1,14 +1,10 @@
 // Questions about processes on a machine with about 470 of them: ours beside a
-// raw scan, libproc2 and pgrep. Prints the fastest tenth of each, which a busy
-// machine disturbs least, and ratios.
-#include <algorithm>
-#include <chrono>
+// raw scan, libproc2 and pgrep.
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -22,13 +18,14 @@
 #include <unistd.h>
 
 #include "Lorrel/apps/queries/Apps.h"
+#include "benchmarks/Interleaved.h"
 #include "platform/runtime/FileDescriptor.h"
 #include "platform/session/Workspace.h"
 
 namespace {
 
 constexpr int wantedProcesses = 470;
-constexpr int rounds = 101;
+constexpr int rounds = 31;
 
 int processCount()
 {
@@ -39,10 +36,9 @@ int processCount()
     return count;
 }
 
-std::vector<pid_t> fillTable()
+void fillTable(std::vector<pid_t>& children, int wanted)
 {
-    std::vector<pid_t> children;
-    for (int missing = wantedProcesses - processCount(); missing > 0; --missing) {
+    for (int missing = wanted - processCount(); missing > 0; --missing) {
         const pid_t child = ::fork();
         if (child == 0) {
             ::prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -50,7 +46,6 @@ std::vector<pid_t> fillTable()
         }
         children.push_back(child);
     }
-    return children;
 }
 
 // The least that a question by path can cost: names and links, nothing else.
@@ -99,40 +94,6 @@ bool pgrep(const char* name)
     return status == 0;
 }
 
-struct Contestant {
-    const char* name;
-    std::function<bool()> ask;
-    std::vector<double> microseconds = {};
-
-    void once()
-    {
-        const auto start = std::chrono::steady_clock::now();
-        volatile bool answer = ask();
-        (void)answer;
-        const std::chrono::duration<double, std::micro> time = std::chrono::steady_clock::now() - start;
-        microseconds.push_back(time.count());
-    }
-    double fastestTenth()
-    {
-        std::sort(microseconds.begin(), microseconds.end());
-        return microseconds[microseconds.size() / 10];
-    }
-};
-
-// In turns, so that the machine's moods meet all alike. The first is ours.
-void compare(const char* question, std::vector<Contestant> contestants)
-{
-    for (int i = 0; i < rounds; ++i) {
-        for (auto& contestant : contestants) contestant.once();
-    }
-    std::printf("%s\n", question);
-    const double ours = contestants.front().fastestTenth();
-    for (auto& contestant : contestants) {
-        std::printf("  %-34s %10.1f us   ours takes %.3f of this\n", contestant.name, contestant.fastestTenth(),
-                    ours / contestant.fastestTenth());
-    }
-}
-
 std::string makeApplication(const std::string& folder)
 {
     const std::string contents = folder + "/Bench.app/Contents";
@@ -144,6 +105,22 @@ std::string makeApplication(const std::string& folder)
     return folder + "/Bench.app";
 }
 
+Bench::Contestant askRunning(const char* identifier)
+{
+    return {"isRunning", [identifier] { Bench::keep(Lorrel::Apps::isRunning(identifier)); }};
+}
+
+Bench::Contestant raw(const char* executable)
+{
+    return {"raw readlinkat scan", [executable] { Bench::keep(rawScan(executable)); }};
+}
+
+void askAmong(std::vector<pid_t>& children, int count)
+{
+    fillTable(children, count);
+    Bench::curve("isRunning by processes", processCount(), {askRunning("org.example.missing"), raw("/missing")});
+}
+
 }  // namespace
 
 int main()
@@ -151,23 +128,24 @@ int main()
     std::string folder = (std::filesystem::temp_directory_path() / "bench-apps-XXXXXX").string();
     if (!::mkdtemp(folder.data())) return 1;
     ::setenv("XDG_RUNTIME_DIR", folder.c_str(), 0);  // else its lock file outlives this
-    const auto children = fillTable();
+    std::vector<pid_t> children;
+    for (const int count : {120, 240, wantedProcesses}) askAmong(children, count);
     Platform::Workspace& workspace = Platform::Workspace::shared();
     const auto application =
         workspace.openApplication(Platform::Url::fromPath(makeApplication(folder)), {.arguments = {"300"}});
     if (!application) return 1;
-    std::printf("%d processes\n", processCount());
+    const std::string executable = application->executableUrl().path();
 
-    compare("Is an application running? (it is not)",
-            {{"Apps::isRunning", [] { return Lorrel::Apps::isRunning("org.example.missing"); }},
-             {"raw readlinkat scan", [] { return rawScan("/missing"); }}});
-    compare("The same of one seen running before",
-            {{"Apps::isRunning", [] { return Lorrel::Apps::isRunning("org.example.bench"); }},
-             {"raw readlinkat scan", [&] { return rawScan(application->executableUrl().path().c_str()); }}});
-    compare("Is a process of this name running? (it is not)",
-            {{"Apps::isProcessRunning", [] { return Lorrel::Apps::isProcessRunning("no-such-process"); }},
-             {"libproc2", [] { return libprocScan("no-such-process"); }},
-             {"pgrep", [] { return pgrep("no-such-process"); }}});
+    Bench::compare("isRunning of none", {askRunning("org.example.missing"), raw("/missing")}, rounds);
+    Bench::compare("isRunning of one seen before", {askRunning("org.example.bench"), raw(executable.c_str())}, rounds);
+    Bench::compare("isRunning of one seen before in all", {askRunning("org.example.bench")}, rounds);
+    Bench::compare("isProcessRunning of none",
+                   {{"ours", [] { Bench::keep(Lorrel::Apps::isProcessRunning("no-such-process")); }},
+                    {"libproc2", [] { Bench::keep(libprocScan("no-such-process")); }},
+                    {"pgrep", [] { Bench::keep(pgrep("no-such-process")); }}},
+                   rounds);
+
+    askAmong(children, 2 * wantedProcesses);
 
     (void)application->terminate();
     for (const pid_t child : children) ::kill(child, SIGKILL);

@@ -1,12 +1,9 @@
 // Decoding a 4 MB document to a tree of any values and writing it again, ours
 // beside the peers' trees and writers.
 #include <QJsonDocument>
-#include <algorithm>
 #include <random>
 #include <string>
-#include <vector>
 
-#include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>
 #include <rapidjson/document.h>
 #include <rapidjson/stringbuffer.h>
@@ -15,18 +12,21 @@
 
 #include "Fennick/coding/AnyCodable.h"
 #include "Fennick/coding/AnyDecodable.h"
+#include "benchmarks/Interleaved.h"
 #include "platform/coding/JSONDecoder.h"
 #include "platform/coding/JSONEncoder.h"
 
 namespace {
 
+constexpr int rounds = 21;
+
 // Records as a catalogue or a log of readings has them: short and long texts,
 // some with escapes, whole numbers, measured values, flags, nested lists.
-std::string makeDocument()
+std::string makeDocument(std::size_t size)
 {
     std::mt19937 random(1);
     std::string json = "[";
-    for (int i = 0; json.size() < 4'000'000; ++i) {
+    for (int i = 0; json.size() < size; ++i) {
         if (i > 0) json += ',';
         json += R"({"id":)" + std::to_string(random());
         json += R"(,"name":"sensor-)" + std::to_string(i) + '"';
@@ -42,109 +42,68 @@ std::string makeDocument()
     return json + "]";
 }
 
-const std::string& document()
+void decoding(const std::string& document)
 {
-    static const std::string json = makeDocument();
-    return json;
+    const simdjson::padded_string padded(document);
+    const auto bytes = QByteArray::fromStdString(document);
+    Bench::compare("JSON decoding",
+                   {{"ours", [&] { Bench::keep(Platform::JSONDecoder().decode<Fennick::AnyDecodable>(document)); }},
+                    {"simdjson's tree",
+                     [&] {
+                         simdjson::dom::parser parser;
+                         Bench::keep(parser.parse(padded).error());
+                     }},
+                    {"RapidJSON",
+                     [&] {
+                         rapidjson::Document tree;
+                         tree.Parse(document.c_str());
+                         Bench::keep(tree.IsArray());
+                     }},
+                    {"nlohmann", [&] { Bench::keep(nlohmann::json::parse(document)); }},
+                    {"Qt", [&] { Bench::keep(QJsonDocument::fromJson(bytes)); }}},
+                   rounds);
 }
 
-void count(benchmark::State& state)
+void encoding(const std::string& document)
 {
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) *
-                            static_cast<std::int64_t>(document().size()));
+    const auto any = Platform::JSONDecoder().decode<Fennick::AnyCodable>(document);
+    rapidjson::Document rapid;
+    rapid.Parse(document.c_str());
+    const auto nlohmann = nlohmann::json::parse(document);
+    const auto qt = QJsonDocument::fromJson(QByteArray::fromStdString(document));
+    Bench::compare("JSON encoding",
+                   {{"ours", [&] { Bench::keep(Platform::JSONEncoder().encode(any)); }},
+                    {"RapidJSON",
+                     [&] {
+                         rapidjson::StringBuffer buffer;
+                         rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+                         rapid.Accept(writer);
+                         Bench::keep(buffer.GetString());
+                     }},
+                    {"nlohmann", [&] { Bench::keep(nlohmann.dump()); }},
+                    {"Qt", [&] { Bench::keep(qt.toJson(QJsonDocument::Compact)); }}},
+                   rounds);
 }
 
-void decodeOurs(benchmark::State& state)
+void growth()
 {
-    for (auto _ : state) benchmark::DoNotOptimize(Platform::JSONDecoder().decode<Fennick::AnyDecodable>(document()));
-    count(state);
-}
-void decodeSimdjsonTree(benchmark::State& state)
-{
-    const simdjson::padded_string padded(document());
-    for (auto _ : state) {
-        simdjson::dom::parser parser;
-        benchmark::DoNotOptimize(parser.parse(padded).error());
+    for (const std::size_t size : {1'000, 10'000, 100'000, 1'000'000, 10'000'000}) {
+        const std::string json = makeDocument(size);
+        const auto any = Platform::JSONDecoder().decode<Fennick::AnyCodable>(json);
+        Bench::curve("JSON by bytes", static_cast<double>(json.size()),
+                     {{"decoding", [&] { Bench::keep(Platform::JSONDecoder().decode<Fennick::AnyDecodable>(json)); }},
+                      {"decoding: nlohmann", [&] { Bench::keep(nlohmann::json::parse(json)); }},
+                      {"encoding", [&] { Bench::keep(Platform::JSONEncoder().encode(any)); }},
+                      {"encoding: nlohmann", [&, tree = nlohmann::json::parse(json)] { Bench::keep(tree.dump()); }}});
     }
-    count(state);
 }
-void decodeRapidJson(benchmark::State& state)
-{
-    for (auto _ : state) {
-        rapidjson::Document tree;
-        tree.Parse(document().c_str());
-        benchmark::DoNotOptimize(tree.IsArray());
-    }
-    count(state);
-}
-void decodeNlohmann(benchmark::State& state)
-{
-    for (auto _ : state) benchmark::DoNotOptimize(nlohmann::json::parse(document()));
-    count(state);
-}
-void decodeQt(benchmark::State& state)
-{
-    const auto bytes = QByteArray::fromStdString(document());
-    for (auto _ : state) benchmark::DoNotOptimize(QJsonDocument::fromJson(bytes));
-    count(state);
-}
-
-void encodeOurs(benchmark::State& state)
-{
-    const auto any = Platform::JSONDecoder().decode<Fennick::AnyCodable>(document());
-    for (auto _ : state) benchmark::DoNotOptimize(Platform::JSONEncoder().encode(any));
-    count(state);
-}
-void encodeRapidJson(benchmark::State& state)
-{
-    rapidjson::Document tree;
-    tree.Parse(document().c_str());
-    for (auto _ : state) {
-        rapidjson::StringBuffer buffer;
-        rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
-        tree.Accept(writer);
-        benchmark::DoNotOptimize(buffer.GetString());
-    }
-    count(state);
-}
-void encodeNlohmann(benchmark::State& state)
-{
-    const auto tree = nlohmann::json::parse(document());
-    for (auto _ : state) benchmark::DoNotOptimize(tree.dump());
-    count(state);
-}
-void encodeQt(benchmark::State& state)
-{
-    const auto tree = QJsonDocument::fromJson(QByteArray::fromStdString(document()));
-    for (auto _ : state) benchmark::DoNotOptimize(tree.toJson(QJsonDocument::Compact));
-    count(state);
-}
-
-// The undisturbed time counts: on a busy machine the others measure the neighbours.
-double least(const std::vector<double>& times)
-{
-    return *std::min_element(times.begin(), times.end());
-}
-
-void settle(benchmark::internal::Benchmark* one)
-{
-    one->Unit(benchmark::kMillisecond)
-        ->Repetitions(60)
-        ->MinTime(0.01)
-        ->ReportAggregatesOnly()
-        ->ComputeStatistics("least", least);
-}
-
-BENCHMARK(decodeOurs)->Apply(settle);
-BENCHMARK(decodeSimdjsonTree)->Apply(settle);
-BENCHMARK(decodeRapidJson)->Apply(settle);
-BENCHMARK(decodeNlohmann)->Apply(settle);
-BENCHMARK(decodeQt)->Apply(settle);
-BENCHMARK(encodeOurs)->Apply(settle);
-BENCHMARK(encodeRapidJson)->Apply(settle);
-BENCHMARK(encodeNlohmann)->Apply(settle);
-BENCHMARK(encodeQt)->Apply(settle);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main()
+{
+    const std::string document = makeDocument(4'000'000);
+    decoding(document);
+    encoding(document);
+    growth();
+}

@@ -25,7 +25,7 @@ double lockedOnThreads(unsigned threads)
     Mutex mutex;
     const auto body = [&] {
         const std::lock_guard lock(mutex);
-        benchmark::DoNotOptimize(value);
+        keep(value);
     };
     return nanosecondsOnThreads(threads, body, calls);
 }
@@ -36,7 +36,7 @@ double sharedOnThreads(unsigned threads)
     Mutex mutex;
     const auto body = [&] {
         mutex.lock_shared();
-        benchmark::DoNotOptimize(value);
+        keep(value);
         mutex.unlock_shared();
     };
     return nanosecondsOnThreads(threads, body, calls);
@@ -45,33 +45,27 @@ double sharedOnThreads(unsigned threads)
 double queueOnThreads(unsigned threads)
 {
     const auto queue = Platform::Queue::create("bench", Platform::Queue::Kind::concurrent);
-    const auto body = [&] { queue->sync([] { benchmark::DoNotOptimize(value); }); };
+    const auto body = [&] { queue->sync([] { keep(value); }); };
     return nanosecondsOnThreads(threads, body, calls);
 }
 
-double writeThenReadOnQueue()
+void compareWriteThenRead()
 {
     const auto queue = Platform::Queue::create("bench", Platform::Queue::Kind::concurrent);
-    return nanoseconds(
-        [&] {
-            queue->asyncBarrier([] { ++value; });
-            benchmark::DoNotOptimize(queue->sync([] { return value; }));
-        },
-        20'000);
-}
-
-double writeThenReadOnStrand()
-{
     boost::asio::thread_pool pool(1);
     auto strand = boost::asio::make_strand(pool);
-    return nanoseconds(
-        [&] {
-            std::promise<int> read;
-            boost::asio::post(strand, [] { ++value; });
-            boost::asio::post(strand, [&] { read.set_value(value); });
-            benchmark::DoNotOptimize(read.get_future().get());
-        },
-        2'000);
+    const Contestant ours("Queue", [&] {
+        queue->asyncBarrier([] { ++value; });
+        keep(queue->sync([] { return value; }));
+    });
+    const char* what = "asynchronous write then read";
+    compare(what, {ours, {"Boost.Asio strand", [&] {
+                              std::promise<int> read;
+                              boost::asio::post(strand, [] { ++value; });
+                              boost::asio::post(strand, [&] { read.set_value(value); });
+                              keep(read.get_future().get());
+                          }}});
+    compare(std::string(what) + " in all", {ours});
 }
 
 }  // namespace
@@ -79,15 +73,14 @@ double writeThenReadOnStrand()
 void locks()
 {
     const double one = queueOnThreads(1);
-    row("queue read, 1 thread", "std::mutex", one, lockedOnThreads<std::mutex>(1), "1");
-    row("queue read, 1 thread", "std::shared_mutex", one, sharedOnThreads<std::shared_mutex>(1), "-");
-    row("queue read, 1 thread", "tbb::spin_rw_mutex", one, sharedOnThreads<tbb::spin_rw_mutex>(1), "-");
+    ratio("queue read on 1 thread", "std::mutex", one, lockedOnThreads<std::mutex>(1), "ns");
+    ratio("queue read on 1 thread", "std::shared_mutex", one, sharedOnThreads<std::shared_mutex>(1), "ns");
+    ratio("queue read on 1 thread", "tbb::spin_rw_mutex", one, sharedOnThreads<tbb::spin_rw_mutex>(1), "ns");
     const double two = queueOnThreads(2);
-    row("queue read, 2 threads", "std::shared_mutex", two, sharedOnThreads<std::shared_mutex>(2), "8");
-    row("queue read, 2 threads", "tbb::spin_rw_mutex", two, sharedOnThreads<tbb::spin_rw_mutex>(2), "4");
-    row("queue read, 2 threads", "std::mutex", two, lockedOnThreads<std::mutex>(2), "-");
-    row("asynchronous write, then read", "Boost.Asio strand", writeThenReadOnQueue(), writeThenReadOnStrand(),
-        "20, at most 250 ns");
+    ratio("queue read on 2 threads", "std::shared_mutex", two, sharedOnThreads<std::shared_mutex>(2), "ns");
+    ratio("queue read on 2 threads", "tbb::spin_rw_mutex", two, sharedOnThreads<tbb::spin_rw_mutex>(2), "ns");
+    ratio("queue read on 2 threads", "std::mutex", two, lockedOnThreads<std::mutex>(2), "ns");
+    compareWriteThenRead();
 }
 
 }  // namespace Bench

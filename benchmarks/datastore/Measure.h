@@ -5,12 +5,12 @@
 #include <chrono>
 #include <cstdio>
 #include <ctime>
-#include <limits>
 #include <thread>
 #include <vector>
 
-#include <benchmark/benchmark.h>
 #include <pthread.h>
+
+#include "benchmarks/Interleaved.h"
 
 namespace Bench {
 
@@ -20,22 +20,6 @@ inline void pinTo(unsigned core)
     CPU_ZERO(&cores);
     CPU_SET(core % std::thread::hardware_concurrency(), &cores);
     pthread_setaffinity_np(pthread_self(), sizeof cores, &cores);
-}
-
-// Nanoseconds for one call: the best of several runs, which is the one that the
-// rest of the machine disturbed least.
-template <typename Body>
-double nanoseconds(const Body& body, int calls, int runs = 15)
-{
-    using Time = std::chrono::steady_clock;
-    double best = std::numeric_limits<double>::max();
-    while (runs-- > 0) {
-        const auto start = Time::now();
-        for (int count = 0; count < calls; ++count) body();
-        const std::chrono::duration<double, std::nano> spent = Time::now() - start;
-        best = std::min(best, spent.count() / calls);
-    }
-    return best;
 }
 
 // Processor time of the calling thread, which other programs do not lengthen.
@@ -99,15 +83,7 @@ double nanosecondsOnThreads(unsigned threads, const Body& body, int calls)
         counted.insert(counted.end(), &spent[run * threads], &spent[run * threads] + threads);
     }
     if (counted.empty()) counted = spent;
-    const auto middle = counted.begin() + static_cast<std::ptrdiff_t>(counted.size() / 2);
-    std::nth_element(counted.begin(), middle, counted.end());
-    return *middle;
-}
-
-inline void row(const char* what, const char* peer, double ours, double theirs, const char* goal)
-{
-    std::printf("%-44s %10.1f ns  %-34s %10.1f ns  %7.2f x  (goal %s)\n", what, ours, peer, theirs, theirs / ours,
-                goal);
+    return median(std::move(counted));
 }
 
 void locks();

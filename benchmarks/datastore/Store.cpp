@@ -1,3 +1,4 @@
+#include <array>
 #include <mutex>
 #include <shared_mutex>
 #include <string>
@@ -54,12 +55,11 @@ struct LockedReading {
     }
 };
 
-double settingWithHistory(std::int64_t size)
+Contestant settingWithHistory(const char* name, std::int64_t size)
 {
-    NumberIdentifier identifier("key");
-    identifier.setHistorySize(size);
-    double number = 0;
-    return nanoseconds([&] { identifier.set(number += 0.5); }, 100'000);
+    const auto identifier = std::make_shared<NumberIdentifier>("key");
+    identifier->setHistorySize(size);
+    return {name, [identifier, number = 0.0]() mutable { identifier->set(number += 0.5); }};
 }
 
 }  // namespace
@@ -74,46 +74,45 @@ void lookups()
     store.data().set("alias", std::make_shared<WrappedIdentifier>("alias", "Alias", wanted));
     store.contains("alias");
 
-    const auto direct = nanoseconds([&] { benchmark::DoNotOptimize(store.identifierFor(wanted)); }, 100'000);
-    const auto resolved = nanoseconds([&] { benchmark::DoNotOptimize(store.identifierFor("alias")); }, 100'000);
-    const auto peer = nanoseconds([&] { benchmark::DoNotOptimize(plain.find(wanted)); }, 100'000);
-    row("lookup among 16 keys", "shared_mutex and unordered_map", direct, peer, "1.5");
-    row("lookup through an alias", "one lookup", resolved, direct, "0.5");
+    const Contestant one("one lookup", [&] { keep(store.identifierFor(wanted)); });
+    compare("lookup among 16 keys", {one, {"shared_mutex and unordered_map", [&] { keep(plain.find(wanted)); }}});
+    compare("lookup through an alias", {{"resolved", [&] { keep(store.identifierFor("alias")); }}, one});
 }
 
 void readings()
 {
     LockedReading plain;
     double number = 0;
-    const double peer = nanoseconds([&] { plain.set(number += 0.5); }, 100'000);
-    row("setting a number, history of 60", "mutex and circular_buffer", settingWithHistory(60), peer, "0.83");
-    row("setting a number, history of 60,000", "our history of 60", settingWithHistory(60'000), settingWithHistory(60),
-        "1");
+    compare("setting a number with a history of 60",
+            {settingWithHistory("ours", 60), {"mutex and circular_buffer", [&] { plain.set(number += 0.5); }}});
+    compare("setting a number with a history of 60000",
+            {settingWithHistory("ours", 60'000), settingWithHistory("our history of 60", 60)});
 }
 
 void growth()
 {
-    std::printf("\n%10s %16s %16s %16s\n", "keys", "lookup ns/key", "set ns/key", "merge ns/key");
     for (const int count : {100, 300, 1000, 3000, 10000}) {
         DataStore store;
         DataStore target;
         fill(store, count);
         std::vector<std::string> keys;
         for (int at = 0; at < count; ++at) keys.push_back(key(at));
-        const auto each = [&](const auto& body) {
-            const auto all = [&] {
-                for (const std::string& name : keys) body(name);
-            };
-            return nanoseconds(all, 100'000 / count, 7) / count;
+        const auto forEach = [&](const char* name, auto body) {
+            return Contestant(name, [&keys, body] {
+                for (const std::string& each : keys) body(each);
+            });
         };
-        const double lookup = each([&](const auto& name) { benchmark::DoNotOptimize(store.valueFor(name)); });
-        const double setting = each([&](const auto& name) { store.set(1.5, name); });
-        const auto merging = [&] {
-            target.merge(store);
-            target.contains("");
-        };
-        const double merge = nanoseconds(merging, std::max(1, 20'000 / count), 7) / count;
-        std::printf("%10d %16.1f %16.1f %16.1f\n", count, lookup, setting, merge);
+        const auto spent = medians({forEach("lookup", [&](const auto& each) { keep(store.valueFor(each)); }),
+                                    forEach("set", [&](const auto& each) { store.set(1.5, each); }),
+                                    {"merge",
+                                     [&] {
+                                         target.merge(store);
+                                         target.contains("");
+                                     }}},
+                                   7);
+        for (std::size_t i = 0; i < spent.size(); ++i) {
+            point("store: cost of a key by keys", std::array{"lookup", "set", "merge"}[i], count, spent[i] / count);
+        }
     }
 }
 

@@ -36,10 +36,9 @@ std::string written(const LocalizedNumberFormatter& formatter, double number)
 
 // Calls the body with one element after the other.
 template <typename Elements, typename Body>
-double over(const Elements& elements, const Body& body)
+Contestant over(const char* name, const Elements& elements, Body body)
 {
-    std::size_t at = 0;
-    return nanoseconds([&] { benchmark::DoNotOptimize(body(elements[at++ % elements.size()])); }, 20'000);
+    return {name, [&elements, body, at = std::size_t{0}]() mutable { keep(body(elements[at++ % elements.size()])); }};
 }
 
 // How many of a million random numbers read otherwise than the library writes them, in the current locale.
@@ -86,17 +85,18 @@ void texts()
     for (double& number : numbers) number = static_cast<double>(random() % 100'000'000) / 997.0;
 
     const auto cutting = reused(UNUM_ROUND_DOWN, 2);
-    row("fixedDecimalsText", "ICU, formatter reused",
-        over(numbers, [](double number) { return Fennick::fixedDecimalsText(2, number); }),
-        over(numbers, [&](double number) { return written(cutting, number); }), "8");
+    compare("fixedDecimalsText",
+            {over("ours", numbers, [](double number) { return Fennick::fixedDecimalsText(2, number); }),
+             over("ICU formatter reused", numbers, [&](double number) { return written(cutting, number); })});
 
     std::deque<Fennick::Value> values;
     for (const double number : numbers) {
         values.emplace_back(Fennick::IdentifierCategory::percentage, true, 2).set(number);
     }
     const auto rounding = reused(UNUM_ROUND_HALFEVEN, 0);
-    row("percentage text", "ICU, formatter reused", over(values, [](const auto& each) { return each.description(); }),
-        over(numbers, [&](double number) { return written(rounding, number) + " %"; }), "8");
+    compare("percentage text",
+            {over("ours", values, [](const auto& each) { return each.description(); }),
+             over("ICU formatter reused", numbers, [&](double number) { return written(rounding, number) + " %"; })});
 
     const auto formatSize = [](double number) {
         gchar* text = g_format_size(static_cast<guint64>(number * 1e6));
@@ -104,9 +104,10 @@ void texts()
         g_free(text);
         return copy;
     };
-    row("byteCountText", "g_format_size",
-        over(numbers, [](double number) { return Fennick::byteCountText(static_cast<std::uint64_t>(number * 1e6)); }),
-        over(numbers, formatSize), "12");
+    compare("byteCountText",
+            {over("ours", numbers,
+                  [](double number) { return Fennick::byteCountText(static_cast<std::uint64_t>(number * 1e6)); }),
+             over("g_format_size", numbers, formatSize)});
 }
 
 }  // namespace Bench

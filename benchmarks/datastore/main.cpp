@@ -2,7 +2,6 @@
 
 #include "benchmarks/datastore/Measure.h"
 
-// Prints our time, a peer's in the same run, and how many times as fast we are.
 // With "proof" it compares our number texts with the library's instead, for a minute or two.
 int main(int argc, char** argv)
 {

@@ -1,11 +1,9 @@
 // Effects, tinting, scaling, texts and PNG files beside memcpy, ImageMagick and
-// the bare calls of the drawing library. Prints one row a path, ours in parts of the peer's.
+// the bare calls of the drawing library.
 #include <QBuffer>
 #include <QGuiApplication>
 #include <QTextLayout>
 #include <algorithm>
-#include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
@@ -15,6 +13,7 @@
 #include "Lorrel/presentation/ImageOperations.h"
 #include "Lorrel/presentation/PhotoEffect.h"
 #include "Lorrel/presentation/TextUtilities.h"
+#include "benchmarks/Interleaved.h"
 #include "platform/ui/icons/IconTheme.h"
 #include "platform/ui/text/AttributedString.h"
 
@@ -27,39 +26,11 @@ constexpr int width = 4000, height = 3000;
 
 using Work = std::function<void()>;
 
-// Both in turn, so that both meet the same machine; the best of nine each.
-struct Pair {
-    double ours, peer;
-};
+constexpr int rounds = 9;
 
-double once(const Work& work)
+void compare(const std::string& what, const std::string& peer, const Work& ours, const Work& theirs)
 {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count();
-}
-
-Pair compare(const Work& ours, const Work& peer)
-{
-    Pair best{1e18, 1e18};
-    for (int i = 0; i < 9; ++i) {
-        best.peer = std::min(best.peer, once(peer));
-        best.ours = std::min(best.ours, once(ours));
-    }
-    return best;
-}
-
-void print(const char* path, const char* peer, Pair time)
-{
-    std::printf("%-34s %-30s %12.1f us %12.1f us   ours/peer %6.2f\n", path, peer, time.ours, time.peer,
-                time.ours / time.peer);
-}
-
-Work times(int count, Work work)
-{
-    return [count, work = std::move(work)] {
-        for (int i = 0; i < count; ++i) work();
-    };
+    Bench::compare(what, {{"ours", ours}, {peer, theirs}}, rounds);
 }
 
 // A picture with structure: neither one colour nor noise.
@@ -92,6 +63,7 @@ void comparePixels(const Bitmap& opaque, const Bitmap& translucent)
     stencil->setTemplate(true);
     Magick::Image magick = magickImage(opaque), magickGlass = magickImage(translucent);
     const Work noir = [&] { Lorrel::applying(photo, Lorrel::PhotoEffect::noir); };
+    const Work noirGlass = [&] { Lorrel::applying(glass, Lorrel::PhotoEffect::noir); };
     const Work tint = [&] { Lorrel::tinted(stencil, Color::calibratedRGB(0.9, 0.2, 0.1)); };
     const Work magickNoir = [&] {
         Magick::Image result = magick;
@@ -102,12 +74,11 @@ void comparePixels(const Bitmap& opaque, const Bitmap& translucent)
         Magick::Image result = magickGlass;
         result.colorize(100, 100, 100, Magick::ColorRGB(0.9, 0.2, 0.1));
     };
-    print("photo effect, 12 megapixels", "memcpy", compare(noir, copying));
-    print("the same, all translucent", "memcpy",
-          compare([&] { Lorrel::applying(glass, Lorrel::PhotoEffect::noir); }, copying));
-    print("photo effect, 12 megapixels", "ImageMagick grayscale, contrast", compare(noir, magickNoir));
-    print("tinting, 12 megapixels", "memcpy", compare(tint, copying));
-    print("tinting, 12 megapixels", "ImageMagick colorize", compare(tint, magickTint));
+    compare("photo effect on 12 megapixels", "memcpy", noir, copying);
+    compare("photo effect on 12 translucent megapixels", "memcpy", noirGlass, copying);
+    compare("photo effect on 12 megapixels", "ImageMagick grayscale and contrast", noir, magickNoir);
+    compare("tinting 12 megapixels", "memcpy", tint, copying);
+    compare("tinting 12 megapixels", "ImageMagick colorize", tint, magickTint);
 }
 
 void compareScaling(const Bitmap& opaque)
@@ -116,21 +87,21 @@ void compareScaling(const Bitmap& opaque)
                        QImage::Format_ARGB32_Premultiplied);
     const auto photo = std::make_shared<Image>(opaque);
     for (const int target : {100, 1000, 2000}) {
-        const auto pair = compare(
+        compare(
+            "resized to " + std::to_string(target) + " square", "QImage smooth scaling",
             [&] { Lorrel::resized(photo, target, target); },
-            [&] { static_cast<void>(image.scaled(target, target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)); });
-        print(("resized to " + std::to_string(target) + " square").c_str(), "QImage smooth scaling", pair);
+            [&] { Bench::keep(image.scaled(target, target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)); });
     }
     const auto small = Lorrel::resized(photo, 1000, 750);
     const QImage bare = image.scaled(1000, 750, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    print("PNG data, 1000 x 750", "QImage::save",
-          compare([&] { Lorrel::pngData(small); },
-                  [&] {
-                      QByteArray bytes;
-                      QBuffer buffer(&bytes);
-                      buffer.open(QIODevice::WriteOnly);
-                      bare.save(&buffer, "PNG");
-                  }));
+    compare(
+        "PNG data of 1000 x 750", "QImage::save", [&] { Lorrel::pngData(small); },
+        [&] {
+            QByteArray bytes;
+            QBuffer buffer(&bytes);
+            buffer.open(QIODevice::WriteOnly);
+            bare.save(&buffer, "PNG");
+        });
 }
 
 QSizeF bareTextSize(const std::string& text, const QFont& font, QPaintDevice* device, double maximum)
@@ -170,16 +141,23 @@ void compareTexts()
     surface.setDotsPerMeterX(2835);
     surface.setDotsPerMeterY(2835);
     for (const std::string& each : {std::string("42.5 %"), text}) {
-        print(("text size, " + std::to_string(each.size()) + " bytes, 200 times").c_str(), "QTextLayout",
-              compare(times(200, [&] { Lorrel::TextUtilities::size(each, font, 300, 0); }),
-                      times(200, [&] { bareTextSize(each, bare, &surface, 300); })));
+        compare(
+            "text size of " + std::to_string(each.size()) + " bytes", "QTextLayout",
+            [&] { Lorrel::TextUtilities::size(each, font, 300, 0); },
+            [&] { Bench::keep(bareTextSize(each, bare, &surface, 300)); });
     }
-    print("flag, 10,000 times", "QString, UTF-32",
-          compare(times(10000, [] { Lorrel::TextUtilities::flag("DE"); }), times(10000, [] { bareFlag("DE"); })));
+    compare(
+        "flag", "QString from UTF-32", [] { Bench::keep(Lorrel::TextUtilities::flag("DE")); },
+        [] { Bench::keep(bareFlag("DE")); });
+}
+
+// Beside the first lookup, which reads folders.
+void compareIcons()
+{
     IconTheme theme({"/usr/share/icons"}, "Adwaita");
-    const Work look = [&] { theme.icon("folder", 32); };
-    const double first = once(look);
-    std::printf("icon lookup: first %.1f us, then %.3f us\n", first, once(times(1000, look)) / 1000);
+    const Bench::Contestant look("look", [&] { theme.icon("folder", 32); });
+    const double first = Bench::nanosecondsEach(look, 1);
+    Bench::ratio("icon looked up again", "the first lookup", Bench::nanosecondsEach(look, 1000), first, "ns");
 }
 
 }  // namespace
@@ -188,9 +166,9 @@ int main()
 {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     Magick::InitializeMagick(nullptr);
-    std::printf("%-34s %-30s %15s %15s\n", "path", "peer", "ours", "peer");
     const Bitmap opaque = photograph(false), translucent = photograph(true);
     comparePixels(opaque, translucent);
     compareScaling(opaque);
     compareTexts();
+    compareIcons();
 }

@@ -7,8 +7,8 @@
 #include "Lorrel/apps/AppRunnerMonitor.h"
 #include "Lorrel/apps/Apps.h"
 #include "Lorrel/files/Path.h"
+#include "benchmarks/Interleaved.h"
 #include "benchmarks/files/Benches.h"
-#include "benchmarks/files/Measured.h"
 #include "platform/bundle/PropertyList.h"
 #include "platform/files/FileManager.h"
 #include "platform/runtime/Environment.h"
@@ -21,8 +21,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using Platform::PropertyList;
-
-volatile std::uint64_t result;
 
 struct RootAt final : Platform::SystemRoots {
     explicit RootAt(std::string root) : root_(std::move(root)) {}
@@ -60,30 +58,26 @@ void compareCatalog(const std::string& root)
 {
     const auto files = makeBundles(root + "/Applications", 2000);
     const Platform::Shared<Platform::SystemRoots>::Override roots(std::make_shared<RootAt>(root));
-    compare(
-        "catalogue of 2,000 bundles", [] { result = Lorrel::Apps::installedApps(false).size(); },
-        {{"read and parse Info.plist",
-          [&] {
-              std::uint64_t count = 0;
-              for (const auto& file : files) count += PropertyList::read(file).isSuccess();
-              result = count;
-          }},
-         {"read Info.plist only",
-          [&] {
-              std::uint64_t count = 0;
-              for (const auto& file : files) count += Platform::FileManager::shared().contents(file)->size();
-              result = count;
-          }}},
-        7);
+    compare("catalogue of 2000 bundles",
+            {{"installedApps", [] { keep(Lorrel::Apps::installedApps(false).size()); }},
+             {"Info.plist read and parsed",
+              [&] {
+                  for (const auto& file : files) keep(PropertyList::read(file).isSuccess());
+              }},
+             {"Info.plist read",
+              [&] {
+                  for (const auto& file : files) keep(Platform::FileManager::shared().contents(file)->size());
+              }}},
+            7);
     fs::remove_all(root + "/Applications");
 
     std::vector<std::string> identifiers;
     for (int i = 0; i < 20; ++i) identifiers.push_back("org.example.App" + std::to_string(i));
     const auto monitor = Lorrel::AppRunnerMonitor::create(identifiers, 1);
-    compare(
-        "look at 20 applications", [&] { monitor->refresh(); },
-        {{"one scan of the processes", [] { result = Platform::Workspace::shared().runningApplications().size(); }}},
-        49);
+    compare("look at 20 applications",
+            {{"AppRunnerMonitor", [&] { monitor->refresh(); }},
+             {"one scan of the processes", [] { keep(Platform::Workspace::shared().runningApplications().size()); }}},
+            49);
 }
 
 }  // namespace Bench

@@ -5,15 +5,13 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "benchmarks/Interleaved.h"
 #include "benchmarks/files/Benches.h"
-#include "benchmarks/files/Measured.h"
 #include "platform/bundle/UserDefaults.h"
 
 namespace Bench {
 
 namespace {
-
-volatile std::int64_t result;
 
 void replaceFile(const std::string& folder, const std::string& content, bool syncsFolder)
 {
@@ -37,26 +35,21 @@ void compareDefaults(const std::string& root)
     for (int i = 0; i < 50; ++i) defaults->set("key" + std::to_string(i), "value " + std::to_string(i));
     int turn = 0;
     const std::string content(2500, 'x');
-    compare(
-        "save of one setting among 50", [&] { defaults->set("turn", ++turn); },
-        {{"write, fsync, rename, fsync", [&] { replaceFile(root, content, true); }},
-         {"write, fsync, rename", [&] { replaceFile(root, content, false); }}},
-        99);
-    compare(
-        "read of a setting, 10,000 times",
-        [&] {
-            for (int i = 0; i < 10'000; ++i) result = *defaults->integer("turn");
-        },
-        {{"read of its file, 10,000 times",
-          [&] {
-              char buffer[4096];
-              for (int i = 0; i < 10'000; ++i) {
+    compare("save of one setting among 50",
+            {{"UserDefaults", [&] { defaults->set("turn", ++turn); }},
+             {"write and fsync and rename and fsync", [&] { replaceFile(root, content, true); }},
+             {"write and fsync and rename", [&] { replaceFile(root, content, false); }}},
+            49);
+    compare("read of a setting",
+            {{"UserDefaults", [&] { keep(*defaults->integer("turn")); }},
+             {"read of its file",
+              [&] {
+                  char buffer[4096];
                   const int file = ::open(defaults->path().c_str(), O_RDONLY);
-                  result = ::read(file, buffer, sizeof buffer);
+                  keep(::read(file, buffer, sizeof buffer));
                   ::close(file);
-              }
-          }}},
-        9);
+              }}},
+            9);
 }
 
 }  // namespace Bench

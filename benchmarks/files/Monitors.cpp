@@ -1,7 +1,5 @@
-#include <algorithm>
 #include <chrono>
 #include <csignal>
-#include <cstdio>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -15,8 +13,8 @@
 #include <unistd.h>
 
 #include "Lorrel/files/FileMonitor.h"
+#include "benchmarks/Report.h"
 #include "benchmarks/files/Benches.h"
-#include "benchmarks/files/Measured.h"
 #include "platform/runtime/RunLoop.h"
 
 namespace Bench {
@@ -154,12 +152,6 @@ double latency(const Appender& appender, Await&& await)
     return appender.microsecondsSinceAppend();
 }
 
-double median(std::vector<double> times)
-{
-    std::nth_element(times.begin(), times.begin() + static_cast<long>(times.size() / 2), times.end());
-    return times[times.size() / 2];
-}
-
 }  // namespace
 
 void compareMonitors(const std::string& root)
@@ -186,11 +178,8 @@ void compareMonitors(const std::string& root)
         raws.push_back(latency(rawAppender, [&] { raw.awaitLine(); }));
         tails.push_back(latency(tailAppender, [&] { tail.awaitLine(); }));
     }
-    std::printf("%-34s ours %31.1f us\n", "append to callback", median(ours));
-    std::printf("%-34s %-28s %8.1f us  %5.2f of ours\n", "append to callback", "raw inotify with epoll", median(raws),
-                median(raws) / median(ours));
-    std::printf("%-34s %-28s %8.1f us  %5.2f of ours\n", "append to callback", "tail -F", median(tails),
-                median(tails) / median(ours));
+    ratio("append to callback", "raw inotify with epoll", median(ours), median(raws), "us");
+    ratio("append to callback", "tail -F", median(ours), median(tails), "us");
 }
 
 }  // namespace Bench

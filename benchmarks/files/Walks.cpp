@@ -10,8 +10,8 @@
 #include <unistd.h>
 
 #include "Lorrel/files/Path.h"
+#include "benchmarks/Interleaved.h"
 #include "benchmarks/files/Benches.h"
-#include "benchmarks/files/Measured.h"
 
 namespace Bench {
 
@@ -19,7 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-volatile std::uint64_t result;
 std::uint64_t walked;
 
 std::uint64_t sizeByIterator(const std::string& folder)
@@ -50,13 +49,10 @@ std::vector<fs::path> filesByIterator(const std::string& folder)
     return files;
 }
 
-}  // namespace
-
-// 1,000 folders of 100 files.
-void compareWalks(const std::string& root)
+// Folders of 100 files each.
+void makeTree(const std::string& tree, int folders)
 {
-    const std::string tree = root + "/tree";
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < folders; ++i) {
         const std::string folder = tree + "/" + std::to_string(i % 20) + "/folder" + std::to_string(i);
         fs::create_directories(folder);
         for (int j = 0; j < 100; ++j) {
@@ -65,22 +61,36 @@ void compareWalks(const std::string& root)
             ::close(file);
         }
     }
+}
+
+std::vector<Contestant> sizes(const std::string& tree)
+{
+    return {{"Path::size", [url = Platform::Url::fromPath(tree, true)] { keep(Lorrel::Path::size(url)); }},
+            {"du -sb", [command = "du -sb '" + tree + "' > /dev/null"] { keep(std::system(command.c_str())); }},
+            {"nftw",
+             [tree] {
+                 walked = 0;
+                 ::nftw(tree.c_str(), addSize, 64, FTW_PHYS);
+                 keep(walked);
+             }},
+            {"std::filesystem", [tree] { keep(sizeByIterator(tree)); }}};
+}
+
+}  // namespace
+
+void compareWalks(const std::string& root)
+{
+    const std::string tree = root + "/tree";
+    for (const int folders : {1, 10, 100, 1000}) {
+        makeTree(tree, folders);
+        curve("size of a folder by files", folders * 100, sizes(tree));
+    }
+    compare("size of 100000 files", sizes(tree), 9);
     const Platform::Url url = Platform::Url::fromPath(tree, true);
-    const std::string du = "du -sb '" + tree + "' > /dev/null";
-    compare(
-        "size of 100,000 files", [&] { result = Lorrel::Path::size(url); },
-        {{"du -sb", [&] { [[maybe_unused]] const int status = std::system(du.c_str()); }},
-         {"nftw",
-          [&] {
-              walked = 0;
-              ::nftw(tree.c_str(), addSize, 64, FTW_PHYS);
-              result = walked;
-          }},
-         {"std::filesystem", [&] { result = sizeByIterator(tree); }}},
-        9);
-    compare(
-        "list of 100,000 files", [&] { result = Lorrel::Path::files(url).size(); },
-        {{"std::filesystem", [&] { result = filesByIterator(tree).size(); }}}, 9);
+    compare("list of 100000 files",
+            {{"Path::files", [&] { keep(Lorrel::Path::files(url).size()); }},
+             {"std::filesystem", [&] { keep(filesByIterator(tree).size()); }}},
+            9);
     fs::remove_all(tree);
 }
 

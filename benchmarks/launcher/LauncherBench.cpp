@@ -1,6 +1,6 @@
 // The launcher beside processes that only wait on the session bus: start,
 // memory while waiting, wake-ups, and the time from "killme" to its end.
-// Argument: how many seconds of silence to watch (10).
+// Argument: how many seconds of silence to watch (60).
 
 #include <algorithm>
 #include <chrono>
@@ -18,6 +18,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include "benchmarks/Report.h"
 #include "benchmarks/notifications/peers/Program.h"
 #include "platform/session/DistributedNotificationCenter.h"
 
@@ -111,19 +112,14 @@ void compareStarts(const Stage& stage)
         const Bench::Program launcher({stage.launcher()});
         ours.push_back(std::chrono::duration<double, std::milli>(stage.waitUntilOpened() - start).count());
     }
-    const auto print = [](const char* which, double our, double their) {
-        std::printf(
-            "start, %s: launcher to the application's first step %.2f ms, bare sd-bus to ready %.2f ms, ratio %.2f\n",
-            which, our, their, our / their);
-    };
-    print("median", Bench::median(ours), Bench::median(bare));
-    print("fastest", std::ranges::min(ours), std::ranges::min(bare));
+    Bench::ratio("start until the application runs", "bare sd-bus until ready", Bench::median(ours),
+                 Bench::median(bare), "ms");
+    Bench::ratio("fastest start", "bare sd-bus until ready", std::ranges::min(ours), std::ranges::min(bare), "ms");
 }
 
-void printMemory(const char* who, pid_t process)
+double proportionalMemory(const Bench::Program& program)
 {
-    std::printf("%-10s %14ld %14ld %8ld\n", who, numberIn(process, "smaps_rollup", "Private_Dirty"),
-                numberIn(process, "smaps_rollup", "Pss"), numberIn(process, "status", "Threads"));
+    return static_cast<double>(numberIn(program.pid(), "smaps_rollup", "Pss"));
 }
 
 // All wait at the same time, so that shared pages count alike.
@@ -138,15 +134,17 @@ void compareMemory(const Stage& stage)
     for (const auto* peer : {&bare, &sdbus, &gdbus, &qtdbus}) peer->readLine();
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
 
-    std::printf("%-10s %14s %14s %8s\n", "waiting", "dirty, kB", "prop. kB", "threads");
-    printMemory("launcher", launcher.pid());
-    printMemory("C++ bare", bare.pid());
-    printMemory("sd-bus", sdbus.pid());
-    printMemory("GDBus", gdbus.pid());
-    printMemory("QtDBus", qtdbus.pid());
-    std::printf("launcher / bare C++ with sd-bus and libplist, proportional: %.2f\n",
-                static_cast<double>(numberIn(launcher.pid(), "smaps_rollup", "Pss")) /
-                    static_cast<double>(numberIn(bare.pid(), "smaps_rollup", "Pss")));
+    const auto compare = [&](const char* peer, const Bench::Program& program) {
+        Bench::ratio("proportional memory while waiting", peer, proportionalMemory(launcher),
+                     proportionalMemory(program), "kB");
+    };
+    compare("bare C++ with sd-bus and libplist", bare);
+    compare("sd-bus", sdbus);
+    compare("GDBus", gdbus);
+    compare("QtDBus", qtdbus);
+    Bench::figure("dirty memory while waiting",
+                  static_cast<double>(numberIn(launcher.pid(), "smaps_rollup", "Private_Dirty")), "kB");
+    Bench::figure("threads while waiting", static_cast<double>(numberIn(launcher.pid(), "status", "Threads")), "");
 }
 
 void countWakeUps(const Stage& stage, int seconds)
@@ -160,8 +158,9 @@ void countWakeUps(const Stage& stage, int seconds)
     const long afterSilence = switches();
     for (int number = 0; number < 1000; ++number) post(number % 2 ? "killme" : "other", "com.example.other");
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
-    std::printf("wake-ups: %ld in %d s of silence, %ld from 1000 foreign notifications\n", afterSilence - before,
-                seconds, switches() - afterSilence);
+    Bench::figure("wake-ups in " + std::to_string(seconds) + " s of silence",
+                  static_cast<double>(afterSilence - before), "");
+    Bench::figure("wake-ups by 1000 foreign notifications", static_cast<double>(switches() - afterSilence), "");
 }
 
 void timeTheEnd(const Stage& stage)
@@ -179,7 +178,7 @@ void timeTheEnd(const Stage& stage)
         ::close(end.fd);
         launcher.wait();
     }
-    std::printf("\"killme\" posted to process gone: %.2f ms (median of %d)\n", Bench::median(times), rounds);
+    Bench::figure("killme posted until the process is gone", Bench::median(times), "ms");
 }
 
 }  // namespace
@@ -187,10 +186,9 @@ void timeTheEnd(const Stage& stage)
 int main(int argc, char** argv)
 {
     Bench::onPrivateBus(argv);
-    std::setvbuf(stdout, nullptr, _IOLBF, 0);
     const Stage stage;
     compareStarts(stage);
     compareMemory(stage);
     timeTheEnd(stage);
-    countWakeUps(stage, argc > 1 ? std::atoi(argv[1]) : 10);
+    countWakeUps(stage, argc > 1 ? std::atoi(argv[1]) : 60);
 }

@@ -1,9 +1,7 @@
 // Status items and hot keys beside the toolkit's tray class and a bare X loop.
 // Runs on the session bus and the display of its environment (see "run").
-#include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <fstream>
 #include <functional>
 #include <sstream>
@@ -18,6 +16,7 @@
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
 
+#include "benchmarks/Report.h"
 #include "platform/input/HotKeyService.h"
 #include "platform/menubar/StatusBar.h"
 #include "platform/runtime/Clock.h"
@@ -42,12 +41,6 @@ double processorSeconds()
     timespec time{};
     ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
-double median(std::vector<double> values)
-{
-    std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2), values.end());
-    return values[values.size() / 2];
 }
 
 // Every reading is later than any pause between publications.
@@ -92,9 +85,9 @@ void measurePublishing(Tests::TrayHost& host)
     constexpr int count = 5'000;
     update(count);
     const double each = (processorSeconds() - before) / count;
-    std::printf(
-        "redraw and publish a 22x22 graph      %8.1f us of processor time (goal: under 1000), heap %+ld bytes\n",
-        each * 1e6, static_cast<long>(mallinfo2().uordblks) - static_cast<long>(heap));
+    Bench::figure("redraw and publish a 22 x 22 graph", each * 1e6, "us");
+    Bench::figure("heap growth of 5000 updates",
+                  static_cast<double>(static_cast<long>(mallinfo2().uordblks) - static_cast<long>(heap)), "bytes");
 }
 
 // A press that the server makes up.
@@ -172,13 +165,13 @@ std::vector<double> barePresses(int count)
 void measurePresses()
 {
     std::vector<double> ours, bare;
-    for (int round = 0; round < 5; ++round) {
+    for (int round = 0; round < 7; ++round) {
         const auto our = ourPresses(200), their = barePresses(200);
-        ours.push_back(median(our));
-        bare.push_back(median(their));
+        ours.push_back(Bench::median(our));
+        bare.push_back(Bench::median(their));
     }
-    std::printf("press to handler, ours / bare xcb loop %7.1f us / %.1f us = %.2f (goal: at most 1.5)\n",
-                median(ours) * 1e6, median(bare) * 1e6, median(ours) / median(bare));
+    Bench::ratio("press until the handler runs", "bare xcb loop", Bench::median(ours) * 1e6, Bench::median(bare) * 1e6,
+                 "us");
 }
 
 long fieldOf(const std::string& path, const std::string& name)
@@ -221,21 +214,20 @@ Cost costOf(const char* program, Tests::TrayHost& host)
 void measurePrograms(Tests::TrayHost& host)
 {
     std::vector<double> start[2], memory[2], wakeUps[2];
-    for (int round = 0; round < 5; ++round) {
+    for (int round = 0; round < 7; ++round) {
         for (int which = 0; which < 2; ++which) {
             const Cost cost = costOf(which == 0 ? OUR_ITEM : QT_ITEM, host);
-            start[which].push_back(cost.start);
+            start[which].push_back(cost.start * 1e3);
             memory[which].push_back(cost.kilobytes);
             wakeUps[which].push_back(cost.wakeUps);
         }
     }
-    const auto ratio = [](std::vector<double>* both) { return median(both[0]) / median(both[1]); };
-    std::printf("program: start until registered        ours %.1f ms, toolkit %.1f ms, ratio %.2f (goal: at most 1)\n",
-                median(start[0]) * 1e3, median(start[1]) * 1e3, ratio(start));
-    std::printf("program: private dirty memory          ours %.0f kB, toolkit %.0f kB, ratio %.2f (goal: at most 1)\n",
-                median(memory[0]), median(memory[1]), ratio(memory));
-    std::printf("program: wake-ups in 3 s of idleness   ours %.0f, toolkit %.0f\n", median(wakeUps[0]),
-                median(wakeUps[1]));
+    const auto compare = [](const char* what, const std::vector<double>* both, const char* unit) {
+        Bench::ratio(what, "the toolkit's tray class", Bench::median(both[0]), Bench::median(both[1]), unit);
+    };
+    compare("start until the item is registered", start, "ms");
+    compare("private dirty memory", memory, "kB");
+    Bench::figure("wake-ups in 3 s of idleness", Bench::median(wakeUps[0]), "");
 }
 
 }  // namespace

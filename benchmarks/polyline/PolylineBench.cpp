@@ -17,6 +17,8 @@ using Fennick::RamerDouglasPeucker;
 using Line = boost::geometry::model::linestring<boost::geometry::model::d2::point_xy<double>>;
 using Series = std::vector<Point>;
 
+constexpr double tolerance = 1;
+
 Series randomWalk(std::size_t count)
 {
     std::mt19937 random(1);
@@ -48,29 +50,60 @@ Series spikes(std::size_t count)
     return series;
 }
 
-void compare(const char* title, const Series& series, double epsilon, bool withPeer = true)
+Line lineOf(const Series& series)
 {
     Line line;
     for (const Point& point : series) line.emplace_back(point.x, point.y);
-    std::vector<Bench::Contestant> contestants = {
-        {"Fennick", [&] { Bench::keep(RamerDouglasPeucker::simplify(series, epsilon).size()); }}};
-    if (withPeer) {
-        contestants.push_back({"Boost.Geometry", [&] {
-                                   Line kept;
-                                   boost::geometry::simplify(line, kept, epsilon);
-                                   Bench::keep(kept.size());
-                               }});
+    return line;
+}
+
+Bench::Contestant ours(const std::string& name, const Series& series)
+{
+    return {name, [&series] { Bench::keep(RamerDouglasPeucker::simplify(series, tolerance).size()); }};
+}
+
+Bench::Contestant boost(const std::string& name, const Line& line)
+{
+    return {name, [&line] {
+                Line kept;
+                boost::geometry::simplify(line, kept, tolerance);
+                Bench::keep(kept.size());
+            }};
+}
+
+void compare(const char* what, const Series& series)
+{
+    const Line line = lineOf(series);
+    Bench::compare(what, {ours("Fennick", series), boost("Boost.Geometry", line)}, 7);
+}
+
+void growth()
+{
+    constexpr const char* title = "polyline by points";
+    for (const std::size_t count : {1'000, 10'000, 100'000, 1'000'000}) {
+        const Series walk = randomWalk(count);
+        const Line line = lineOf(walk);
+        Bench::curve(title, static_cast<double>(count),
+                     {ours("random walk", walk), boost("random walk: Boost.Geometry", line)});
     }
-    Bench::compare(title, contestants, 5);
+    for (const std::size_t count : {1'000, 3'000, 10'000}) {
+        const Series worst = spikes(count);
+        const Line line = lineOf(worst);
+        Bench::curve(title, static_cast<double>(count), {ours("spikes", worst), boost("spikes: Boost.Geometry", line)});
+    }
+    const Series worst = spikes(100'000);  // the peer would need over 15 s
+    Bench::curve(title, 1e5, {ours("spikes", worst)});
 }
 
 }  // namespace
 
 int main()
 {
-    compare("random walk, 1,000,000 points, tolerance 1", randomWalk(1'000'000), 1);
-    compare("sine with noise, 1,000,000 points, tolerance 1", noisySine(1'000'000), 1);
-    compare("history of 60, tolerance 1", randomWalk(60), 1);
-    compare("spikes, 10,000 points, tolerance 1", spikes(10'000), 1);
-    compare("spikes, 100,000 points, tolerance 1 (the peer needs over 15 s)", spikes(100'000), 1, false);
+    compare("random walk of 1000000 points", randomWalk(1'000'000));
+    compare("sine with noise of 1000000 points", noisySine(1'000'000));
+    compare("history of 60 points", randomWalk(60));
+    compare("spikes of 10000 points", spikes(10'000));
+    const Series worst = spikes(100'000);
+    Bench::compare("spikes of 100000 points", {ours("Fennick", worst)}, 7);
+    growth();
 }

@@ -2,7 +2,6 @@
 // that print the same facts; and lookups in the device catalogues.
 #include <memory>
 
-#include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -12,6 +11,7 @@
 #include "Lorrel/system/MobileDevices.h"
 #include "Lorrel/system/internal/MobileDeviceTable.h"
 #include "Lorrel/system/internal/SystemFacts.h"
+#include "benchmarks/Interleaved.h"
 #include "platform/runtime/Shared.h"
 
 namespace {
@@ -21,21 +21,21 @@ using Lorrel::MacSystem;
 void readEverything()
 {
     const Platform::Shared<Lorrel::SystemFacts>::Override cold;
-    benchmark::DoNotOptimize(MacSystem::model());
-    benchmark::DoNotOptimize(MacSystem::cpuBrand());
-    benchmark::DoNotOptimize(MacSystem::hostName());
-    benchmark::DoNotOptimize(MacSystem::architecture());
-    benchmark::DoNotOptimize(MacSystem::serialNumber());
-    benchmark::DoNotOptimize(MacSystem::marketingName());
-    benchmark::DoNotOptimize(MacSystem::threadCount());
-    benchmark::DoNotOptimize(MacSystem::physicalCoreCount());
-    benchmark::DoNotOptimize(MacSystem::logicalCoreCount());
-    benchmark::DoNotOptimize(MacSystem::osDescription());
-    benchmark::DoNotOptimize(MacSystem::osProductVersion());
-    benchmark::DoNotOptimize(MacSystem::physicalMemoryText());
-    benchmark::DoNotOptimize(MacSystem::thermalState());
-    benchmark::DoNotOptimize(MacSystem::uptimeText());
-    benchmark::DoNotOptimize(MacSystem::bootUptimeText());
+    Bench::keep(MacSystem::model());
+    Bench::keep(MacSystem::cpuBrand());
+    Bench::keep(MacSystem::hostName());
+    Bench::keep(MacSystem::architecture());
+    Bench::keep(MacSystem::serialNumber());
+    Bench::keep(MacSystem::marketingName());
+    Bench::keep(MacSystem::threadCount());
+    Bench::keep(MacSystem::physicalCoreCount());
+    Bench::keep(MacSystem::logicalCoreCount());
+    Bench::keep(MacSystem::osDescription());
+    Bench::keep(MacSystem::osProductVersion());
+    Bench::keep(MacSystem::physicalMemoryText());
+    Bench::keep(MacSystem::thermalState());
+    Bench::keep(MacSystem::uptimeText());
+    Bench::keep(MacSystem::bootUptimeText());
 }
 
 void runTool(const char* name)
@@ -50,40 +50,19 @@ void runTool(const char* name)
     posix_spawn_file_actions_destroy(&actions);
 }
 
-void snapshotOurs(benchmark::State& state)
-{
-    for (auto _ : state) readEverything();
-}
-
-void snapshotTools(benchmark::State& state)
-{
-    for (auto _ : state) {
-        runTool("lscpu");
-        runTool("uname");
-    }
-}
-
-void cachedModel(benchmark::State& state)
-{
-    MacSystem::model();
-    for (auto _ : state) benchmark::DoNotOptimize(MacSystem::model());
-}
-
-void deviceLookup(benchmark::State& state)
-{
-    const auto rows = Lorrel::tabletRows();
-    std::size_t next = 0;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(Lorrel::MobileDevices::device(rows[next].identifier));
-        next = (next + 1) % rows.size();
-    }
-}
-
-BENCHMARK(snapshotOurs)->Name("snapshot/ours")->Unit(benchmark::kMicrosecond)->UseRealTime();
-BENCHMARK(snapshotTools)->Name("snapshot/lscpu and uname")->Unit(benchmark::kMicrosecond)->UseRealTime();
-BENCHMARK(cachedModel)->Name("cached value/ours");
-BENCHMARK(deviceLookup)->Name("tablet lookup/ours");
-
 }  // namespace
 
-BENCHMARK_MAIN();
+int main()
+{
+    Bench::compare("all details from cold", {{"ours", readEverything}, {"lscpu and uname", [] {
+                                                                            runTool("lscpu");
+                                                                            runTool("uname");
+                                                                        }}});
+    Bench::compare("cached value", {{"ours", [] { Bench::keep(MacSystem::model()); }}});
+    const auto rows = Lorrel::tabletRows();
+    std::size_t next = 0;
+    Bench::compare("device lookup", {{"ours", [&] {
+                                          Bench::keep(Lorrel::MobileDevices::device(rows[next].identifier));
+                                          next = (next + 1) % rows.size();
+                                      }}});
+}

@@ -42,7 +42,7 @@ void versions()
     const std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(icu::Locale("en_US"), status));
     collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
     Bench::compare(
-        "15 version comparisons",
+        "version comparison",
         {{"Fennick", [&] { eachPair([&](auto i, auto j) { return ours[i] < ours[j]; }); }},
          {"strverscmp",
           [&] { eachPair([&](auto i, auto j) { return strverscmp(texts[i].c_str(), texts[j].c_str()); }); }},
@@ -55,7 +55,7 @@ void versions()
           }}});
     const Fennick::Version nines(std::string(1'000'000, '9'));
     const Fennick::Version eights(std::string(999'999, '9') + "8");
-    Bench::compare("1 MB of digits",
+    Bench::compare("version of 1 MB of digits",
                    {{"Fennick", [&] { Bench::keep(nines < eights); }},
                     {"strverscmp", [&] { Bench::keep(strverscmp(nines.string().c_str(), eights.string().c_str())); }}});
 }
@@ -102,14 +102,14 @@ void dates()
     Bench::compare(
         "date text",
         {{"Fennick", [&] { Bench::keep(Fennick::dateText(Platform::Date(at += 1), "yyyy-MM-dd HH:mm:ss")); }},
-         {"ICU, formatter reused",
+         {"ICU formatter reused",
           [&] {
               icu::UnicodeString text;
               std::string utf8;
               formatter.format((at += 1) * 1'000, text);
               Bench::keep(text.toUTF8String(utf8));
           }},
-         {"ICU, formatter each time", [&] {
+         {"ICU formatter made new", [&] {
               UErrorCode s = U_ZERO_ERROR;
               icu::SimpleDateFormat fresh("yyyy-MM-dd HH:mm:ss", icu::Locale("en_US"), s);
               icu::UnicodeString text;

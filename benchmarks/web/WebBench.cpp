@@ -4,23 +4,23 @@
 #include <QEventLoop>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <algorithm>
 #include <atomic>
 #include <future>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include <benchmark/benchmark.h>
 #include <curl/curl.h>
 
 #include "Fennick/web/WebRequest.h"
+#include "benchmarks/Interleaved.h"
 #include "tests/support/http/HttpServer.h"
 
 namespace {
 
 constexpr char form[] = "name=value&other=value";
 constexpr int parallel = 100;
+constexpr int rounds = 31;
 
 const std::string& url()
 {
@@ -53,142 +53,104 @@ void prepare(CURL* easy, bool isPost)
     if (isPost) curl_easy_setopt(easy, CURLOPT_POSTFIELDS, form);
 }
 
-// POST through one session, the caller waiting.
-void postOurs(benchmark::State& state)
+using Easy = std::unique_ptr<CURL, decltype(&curl_easy_cleanup)>;
+using Multi = std::unique_ptr<CURLM, decltype(&curl_multi_cleanup)>;
+
+Easy easyHandle(bool isPost)
 {
-    for (auto _ : state) benchmark::DoNotOptimize(Fennick::WebRequest::post(url(), form).get());
+    Easy easy(curl_easy_init(), &curl_easy_cleanup);
+    prepare(easy.get(), isPost);
+    return easy;
 }
-void postBareCurl(benchmark::State& state)
+
+void runToTheEnd(CURLM* multi)
 {
-    CURL* easy = curl_easy_init();
-    prepare(easy, true);
-    for (auto _ : state) curl_easy_perform(easy);
-    curl_easy_cleanup(easy);
+    for (int running = 1; running > 0;) {
+        curl_multi_perform(multi, &running);
+        if (running > 0) curl_multi_poll(multi, nullptr, 0, 1000, nullptr);
+    }
 }
-void postQt(benchmark::State& state)
+
+void postByQt(QNetworkAccessManager& manager)
 {
-    QNetworkAccessManager manager;
     QNetworkRequest request(QUrl(QString::fromStdString(url())));
     request.setHeader(QNetworkRequest::ContentTypeHeader, "application/x-www-form-urlencoded");
-    for (auto _ : state) {
-        QEventLoop loop;
-        const std::unique_ptr<QNetworkReply> reply(manager.post(request, QByteArray(form)));
-        QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
-        loop.exec();
-        benchmark::DoNotOptimize(reply->readAll());
-    }
+    QEventLoop loop;
+    const std::unique_ptr<QNetworkReply> reply(manager.post(request, QByteArray(form)));
+    QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
+    loop.exec();
+    Bench::keep(reply->readAll());
 }
 
-// The same with a callback.
-void postOursWithCallback(benchmark::State& state)
+// Through one session, the connection kept alive.
+void posts()
 {
-    for (auto _ : state) {
-        std::promise<void> done;
-        Fennick::WebRequest::post(url(), form, [&](const auto&, const auto&) { done.set_value(); });
-        done.get_future().wait();
-    }
-}
-void postBareMulti(benchmark::State& state)
-{
-    CURLM* multi = curl_multi_init();
-    CURL* easy = curl_easy_init();
-    prepare(easy, true);
-    for (auto _ : state) {
-        curl_multi_add_handle(multi, easy);
-        for (int running = 1; running > 0;) {
-            curl_multi_perform(multi, &running);
-            if (running > 0) curl_multi_poll(multi, nullptr, 0, 1000, nullptr);
-        }
-        curl_multi_remove_handle(multi, easy);
-    }
-    curl_easy_cleanup(easy);
-    curl_multi_cleanup(multi);
-}
-
-// GET with nothing kept from one to the next.
-void getOurs(benchmark::State& state)
-{
-    for (auto _ : state) benchmark::DoNotOptimize(Fennick::WebRequest::get(url()).get());
-}
-void getFreshCurl(benchmark::State& state)
-{
-    for (auto _ : state) {
-        CURL* easy = curl_easy_init();
-        prepare(easy, false);
-        curl_easy_perform(easy);
-        curl_easy_cleanup(easy);
-    }
+    const Easy easy = easyHandle(true);
+    QNetworkAccessManager manager;
+    Bench::compare("POST by a waiting caller",
+                   {{"ours", [] { Bench::keep(Fennick::WebRequest::post(url(), form).get()); }},
+                    {"bare curl handle reused", [&] { curl_easy_perform(easy.get()); }},
+                    {"Qt", [&] { postByQt(manager); }}},
+                   rounds);
+    const Multi multi(curl_multi_init(), &curl_multi_cleanup);
+    Bench::compare("POST with a callback",
+                   {{"ours",
+                     [] {
+                         std::promise<void> done;
+                         Fennick::WebRequest::post(url(), form, [&](const auto&, const auto&) { done.set_value(); });
+                         done.get_future().wait();
+                     }},
+                    {"bare curl multi",
+                     [&] {
+                         curl_multi_add_handle(multi.get(), easy.get());
+                         runToTheEnd(multi.get());
+                         curl_multi_remove_handle(multi.get(), easy.get());
+                     }}},
+                   rounds);
 }
 
-// Many at once.
-void getOursParallel(benchmark::State& state)
+void getOursParallel()
 {
-    for (auto _ : state) {
-        std::atomic<int> left = parallel;
-        std::promise<void> done;
-        for (int i = 0; i < parallel; ++i) {
-            Fennick::WebRequest::get(url(), [&](const auto&, const auto&) {
-                if (--left == 0) done.set_value();
-            });
-        }
-        done.get_future().wait();
+    std::atomic<int> left = parallel;
+    std::promise<void> done;
+    for (int i = 0; i < parallel; ++i) {
+        Fennick::WebRequest::get(url(), [&](const auto&, const auto&) {
+            if (--left == 0) done.set_value();
+        });
     }
+    done.get_future().wait();
 }
-void getBareMultiParallel(benchmark::State& state)
+
+void getBareParallel(CURLM* multi)
 {
-    CURLM* multi = curl_multi_init();
-    for (auto _ : state) {
-        std::vector<CURL*> handles(parallel);
-        for (CURL*& easy : handles) {
-            easy = curl_easy_init();
-            prepare(easy, false);
-            curl_easy_setopt(easy, CURLOPT_FRESH_CONNECT, 1L);
-            curl_easy_setopt(easy, CURLOPT_FORBID_REUSE, 1L);
-            curl_multi_add_handle(multi, easy);
-        }
-        for (int running = 1; running > 0;) {
-            curl_multi_perform(multi, &running);
-            if (running > 0) curl_multi_poll(multi, nullptr, 0, 1000, nullptr);
-        }
-        for (CURL* easy : handles) {
-            curl_multi_remove_handle(multi, easy);
-            curl_easy_cleanup(easy);
-        }
+    std::vector<Easy> handles;
+    for (int i = 0; i < parallel; ++i) {
+        handles.push_back(easyHandle(false));
+        curl_easy_setopt(handles.back().get(), CURLOPT_FRESH_CONNECT, 1L);
+        curl_easy_setopt(handles.back().get(), CURLOPT_FORBID_REUSE, 1L);
+        curl_multi_add_handle(multi, handles.back().get());
     }
-    curl_multi_cleanup(multi);
+    runToTheEnd(multi);
+    for (const Easy& easy : handles) curl_multi_remove_handle(multi, easy.get());
 }
 
-// The undisturbed time counts: on a busy machine the others measure the neighbours.
-double least(const std::vector<double>& times)
+// With nothing kept from one to the next.
+void gets()
 {
-    return *std::min_element(times.begin(), times.end());
+    Bench::compare("GET",
+                   {{"ours", [] { Bench::keep(Fennick::WebRequest::get(url()).get()); }},
+                    {"bare curl handle made new", [] { curl_easy_perform(easyHandle(false).get()); }}},
+                   rounds);
+    const Multi multi(curl_multi_init(), &curl_multi_cleanup);
+    Bench::compare("100 GET at once",
+                   {{"ours", getOursParallel}, {"bare curl multi", [&] { getBareParallel(multi.get()); }}}, rounds);
 }
-
-void settle(benchmark::internal::Benchmark* one)
-{
-    one->Unit(benchmark::kMicrosecond)
-        ->Repetitions(60)
-        ->MinTime(0.01)
-        ->ReportAggregatesOnly()
-        ->ComputeStatistics("least", least)
-        ->UseRealTime();
-}
-
-BENCHMARK(postOurs)->Apply(settle);
-BENCHMARK(postBareCurl)->Apply(settle);
-BENCHMARK(postQt)->Apply(settle);
-BENCHMARK(postOursWithCallback)->Apply(settle);
-BENCHMARK(postBareMulti)->Apply(settle);
-BENCHMARK(getOurs)->Apply(settle);
-BENCHMARK(getFreshCurl)->Apply(settle);
-BENCHMARK(getOursParallel)->Apply(settle);
-BENCHMARK(getBareMultiParallel)->Apply(settle);
 
 }  // namespace
 
 int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
+    posts();
+    gets();
 }

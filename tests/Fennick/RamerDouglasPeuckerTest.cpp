@@ -7,6 +7,7 @@
 #include "Fennick/RamerDouglasPeucker.h"
 #include "Fennick/internal/FarthestPoint.h"
 #include "Fennick/internal/HullTree.h"
+#include "tests/support/Torture.h"
 
 using namespace Fennick;
 
@@ -97,8 +98,9 @@ TEST(RamerDouglasPeucker, KeepsWhatDepartsByMoreThanTheTolerance)
 
 TEST(RamerDouglasPeucker, KeepsThePlainAlgorithmsPointsOnAnySeries)
 {
-    std::mt19937 random(20'240);
-    for (unsigned round = 0; round < 4'400; ++round) {
+    std::mt19937 random(Tests::seedOf(20'240));
+    const long rounds = Tests::atLength("polylines", 4'400);
+    for (unsigned round = 0; round < rounds; ++round) {
         const std::size_t count = 1 + random() % (round % 400 < kinds ? 2'000 : 60);
         const Points points = series(random, round % kinds, count);
         const double epsilon = std::array{0.0, 0.3, 1.0, 4.0}[random() % 4];
@@ -109,8 +111,9 @@ TEST(RamerDouglasPeucker, KeepsThePlainAlgorithmsPointsOnAnySeries)
 
 TEST(RamerDouglasPeucker, FindsTheSameFarthestPointByHulls)
 {
-    std::mt19937 random(7);
-    for (unsigned round = 0; round < 400; ++round) {
+    std::mt19937 random(Tests::seedOf(7));
+    const long rounds = Tests::atLength("polylines", 400);
+    for (unsigned round = 0; round < rounds; ++round) {
         const Points points = series(random, round % orderedKinds, 1'200 + random() % 3'000);
         const auto hulls = internal::HullTree::over(points);
         ASSERT_TRUE(hulls);

@@ -14,10 +14,17 @@ inline std::string_view textOf(const std::uint8_t* data, std::size_t size)
     return {reinterpret_cast<const char*>(data), size};
 }
 
-// What must hold for every input; ends the program where it does not.
-inline void require(bool holds, const char* what)
+[[noreturn]] inline void endForBroken(const char* what)
 {
-    if (holds) return;
     std::fprintf(stderr, "does not hold: %s\n", what);
     std::abort();
+}
+
+// Called with what should have held.
+inline void (*broken)(const char* what) = &endForBroken;
+
+// What must hold for every input.
+inline void require(bool holds, const char* what)
+{
+    if (!holds) broken(what);
 }

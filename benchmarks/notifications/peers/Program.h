@@ -29,6 +29,4 @@ private:
 // Starts the whole program again on a private session bus, unless that has been done.
 void onPrivateBus(char** argv);
 
-double median(std::vector<double> values);
-
 }  // namespace Bench

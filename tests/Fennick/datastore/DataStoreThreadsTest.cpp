@@ -7,6 +7,7 @@
 #include "Fennick/datastore/DataStore.h"
 #include "Fennick/datastore/StringIdentifier.h"
 #include "Fennick/datastore/WrappedIdentifier.h"
+#include "tests/support/Torture.h"
 
 using namespace Fennick;
 using namespace std::chrono_literals;
@@ -61,7 +62,7 @@ std::vector<std::function<void(DataStore&, unsigned)>> trades()
 TEST(DataStoreOnManyThreads, StaysWholeUnderEveryTradeAtOnce)
 {
     DataStore store;
-    const auto end = std::chrono::steady_clock::now() + 2s;
+    const auto end = std::chrono::steady_clock::now() + 2s * Tests::atLength("turns of 2 s", 1);
     {
         std::vector<std::jthread> threads;
         for (const auto& trade : trades()) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "Fennick/datastore/NumberTexts.h"
+#include "tests/support/Torture.h"
 
 using namespace Fennick;
 
@@ -34,8 +35,8 @@ TEST(ByteCountText, RoundsAsTheFormatsOfCDo)
     for (const std::uint64_t bytes : {0ULL, 1023ULL, 1024ULL, 1048575ULL, 1572864ULL, 10737418240ULL, ~0ULL}) {
         EXPECT_EQ(byteCountText(bytes), formattedByteCount(bytes));
     }
-    std::mt19937_64 random(42);
-    for (int count = 0; count < 200'000; ++count) {
+    std::mt19937_64 random(Tests::seedOf(42));
+    for (long count = Tests::atLength("numbers", 200'000); count > 0; --count) {
         std::uint64_t bytes = random() >> (random() % 64);
         if (count % 3 == 0) bytes &= ~((1ULL << (random() % 58)) - 1);  // ties
         ASSERT_EQ(byteCountText(bytes), formattedByteCount(bytes)) << bytes;

@@ -9,6 +9,7 @@
 #include "tests/fakes/FakeUserNotificationCenter.h"
 #include "tests/fakes/FakeWorkspace.h"
 #include "tests/fakes/VirtualClock.h"
+#include "tests/support/Torture.h"
 
 namespace Pellora {
 namespace {
@@ -80,13 +81,15 @@ TEST_F(Soak, HoursTakeNoMoreThanOneWakeUpATickAndNoMemory)
     monitor->addListener(warnings);
     passTicks(2 * ticksAnHour);  // until every store and queue has the memory that it keeps
     const Uses before = uses();
+    const int hours = static_cast<int>(Tests::atLength("hours", 4));
 
     dispatched = 0;
     warned = 0;
-    passTicks(4 * ticksAnHour);
+    passTicks(hours * ticksAnHour);
 
-    EXPECT_EQ(dispatched, 4u * ticksAnHour) << "the timer's ticks and nothing else";
-    EXPECT_EQ(warned, 4u * ticksAnHour / ticksAChange / 2) << "once each time that the load goes up";
+    EXPECT_EQ(dispatched, static_cast<std::size_t>(hours * ticksAnHour)) << "the timer's ticks and nothing else";
+    EXPECT_EQ(warned, static_cast<std::size_t>(hours * ticksAnHour / ticksAChange / 2))
+        << "once each time that the load goes up";
     EXPECT_EQ(monitor->readings()->stringFor("cpu.total"), "100 %");
     EXPECT_EQ(monitor->readings()->historyFor("cpu.total")->size(), 60u);
     for (int round = 0; round < 5; ++round) monitorFor(settings);  // of which nothing is left

@@ -18,6 +18,7 @@
 #include "tests/fakes/CapturingLog.h"
 #include "tests/fakes/FakeEnvironment.h"
 #include "tests/support/TemporaryDirectory.h"
+#include "tests/support/Torture.h"
 
 namespace Platform {
 namespace {
@@ -130,8 +131,9 @@ TEST_F(UserDefaultsTest, ChangeByAnotherOpenerIsSeenAndReadingWithoutOneTouchesN
 
 TEST_F(UserDefaultsTest, SurvivesBeingKilledAtAnyInstantOfASave)
 {
+    const long saves = Tests::atLength("saves", 500);
     int total = 0;
-    for (int round = 0; total < 500; ++round) {
+    for (int round = 0; total < saves; ++round) {
         int pipe[2];
         ASSERT_EQ(::pipe(pipe), 0);
         Fork saver([&] {

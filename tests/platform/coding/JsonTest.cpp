@@ -7,6 +7,7 @@
 
 #include "platform/coding/JSONDecoder.h"
 #include "platform/coding/JSONEncoder.h"
+#include "tests/support/Torture.h"
 
 namespace Platform {
 
@@ -171,8 +172,8 @@ TEST(JsonWriting, WritesDoublesShortAndReadsThemBackExactly)
     }
     EXPECT_EQ(JSONEncoder().encode(0.1f), "0.1");
 
-    std::mt19937_64 random(7);
-    for (int i = 0; i < 200000; ++i) {
+    std::mt19937_64 random(Tests::seedOf(7));
+    for (long i = Tests::atLength("numbers", 200'000); i > 0; --i) {
         double value = std::bit_cast<double>(random());
         if (i % 2 == 0) value = static_cast<double>(random() % 100000000) / std::pow(10, static_cast<double>(i % 9));
         if (!std::isfinite(value)) continue;

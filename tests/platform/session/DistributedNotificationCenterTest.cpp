@@ -17,6 +17,7 @@
 #include "tests/support/ChildProcess.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/PrivateBus.h"
+#include "tests/support/Torture.h"
 
 using namespace std::chrono_literals;
 using Platform::BusConnection;
@@ -209,10 +210,10 @@ TEST_F(DistributedNotificationCenterTest, NothingIsLostOfProcessesThatEndRightAf
 TEST_F(DistributedNotificationCenterTest, BurstsArriveWholeAndInOrder)
 {
     listen(listener);
-    constexpr int count = 20'000;
+    const auto count = static_cast<std::size_t>(Tests::atLength("notifications", 20'000));
     post({"killme", std::to_string(count), "0"});
     ASSERT_TRUE(RunLoop::main().runUntil([&] { return listener->heard.size() == count; }, 60s));
-    for (int number = 0; number < count; ++number) ASSERT_EQ(listener->heard[number], std::to_string(number));
+    for (std::size_t number = 0; number < count; ++number) ASSERT_EQ(listener->heard[number], std::to_string(number));
 }
 
 TEST_F(DistributedNotificationCenterTest, ALostBusIsJoinedAgainAndObserversStay)

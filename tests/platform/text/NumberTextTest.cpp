@@ -9,6 +9,7 @@
 #include "platform/text/NumberText.h"
 #include "platform/text/internal/NumberFormatter.h"
 #include "tests/fakes/FakeEnvironment.h"
+#include "tests/support/Torture.h"
 
 using namespace Platform;
 using Tests::ReplacedEnvironment;
@@ -94,13 +95,14 @@ TEST(NumberText, FollowsTheLocaleAndTheStyle)
 
 TEST(NumberText, ArithmeticWritesWhatTheLibraryWrites)
 {
-    std::mt19937_64 random(20240229);
+    std::mt19937_64 random(Tests::seedOf(20240229));
+    const long numbers = Tests::atLength("numbers of each kind", 1500);
     for (const char* locale : testedLocales) {
         for (const NumberStyle& style : {fixed(0), fixed(1), fixed(2), fixed(6), fixed(14), upTo(1), upTo(2), upTo(5),
                                          NumberStyle{1, 3, Rounding::halfEven, false}}) {
             const NumberFormatter formatter(locale, style);
             EXPECT_TRUE(scaled(1234.567, style.maximumFractionDigits, style.rounding) || style == fixed(14));
-            for (int count = 0; count < 1500; ++count) {
+            for (int count = 0; count < numbers; ++count) {
                 const double number = randomNumber(random);
                 ASSERT_EQ(formatter.text(number), formatter.libraryText(number)) << locale << " " << number;
             }

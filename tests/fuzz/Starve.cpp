@@ -1,0 +1,97 @@
+// Runs a fuzz target over the files of the folders named as arguments, each
+// again and again: first its first allocation fails, then its second, until it
+// has had all. It may answer otherwise then or throw std::bad_alloc, but it
+// neither crashes nor loses memory.
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <new>
+#include <utility>
+#include <vector>
+
+#include <malloc.h>
+
+#include "tests/fuzz/Fuzz.h"
+
+namespace {
+
+long untilFailure = -1;  // allocations; negative: none fails
+
+bool fails()
+{
+    const bool isLast = untilFailure >= 0 && untilFailure-- == 0;
+    if (isLast) errno = ENOMEM;
+    return isLast;
+}
+
+}  // namespace
+
+// The system's allocator under the names that it has for those who replace it.
+extern "C" {
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* block, std::size_t size);
+
+void* malloc(std::size_t size)
+{
+    return fails() ? nullptr : __libc_malloc(size);
+}
+void* calloc(std::size_t count, std::size_t size)
+{
+    return fails() ? nullptr : __libc_calloc(count, size);
+}
+void* realloc(void* block, std::size_t size)
+{
+    return fails() ? nullptr : __libc_realloc(block, size);
+}
+}
+
+namespace {
+
+using Input = std::vector<std::uint8_t>;
+
+struct Broken {};
+
+// False once nothing was left to fail.
+bool runStarved(const Input& input, long allocations)
+{
+    untilFailure = allocations;
+    try {
+        LLVMFuzzerTestOneInput(input.data(), input.size());
+    } catch (const std::bad_alloc&) {
+    } catch (const Broken&) {
+    }
+    return std::exchange(untilFailure, -1) < 0;
+}
+
+// How many allocations failed.
+long starve(const std::vector<Input>& inputs)
+{
+    long failures = 0;
+    for (const Input& input : inputs) {
+        for (long allocations = 0; allocations < 20'000 && runStarved(input, allocations); ++allocations) ++failures;
+    }
+    return failures;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    broken = [](const char*) { throw Broken(); };  // an answer without memory may be any
+    std::vector<Input> inputs;
+    for (int i = 1; i < argc; ++i) {
+        for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
+            std::ifstream file(entry.path(), std::ios::binary);
+            inputs.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+        }
+    }
+    const long failures = starve(inputs);  // and what is kept for good is kept by now
+    const std::size_t before = mallinfo2().uordblks;
+    starve(inputs);
+    const auto lost = static_cast<long>(mallinfo2().uordblks - before);
+    std::printf("%ld failed allocations, %ld bytes lost\n", failures, lost);
+    return failures > 0 && lost <= 0 ? 0 : 1;
+}
