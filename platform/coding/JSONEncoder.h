@@ -33,16 +33,18 @@ public:
         return json;
     }
 
-    // For a caller that feeds the events by hand.
+    // For a caller that feeds the events by hand. The text stays as it was where the feed throws.
     template <typename Feed>
     void write(Feed&& feed, std::string& json) const
     {
         const auto sink = sinkInto(json);
         feed(*sink);
+        finish(*sink);
     }
 
 private:
     std::unique_ptr<ValueSink> sinkInto(std::string& json) const;
+    static void finish(ValueSink& sink);
 };
 
 }  // namespace Platform

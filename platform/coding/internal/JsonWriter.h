@@ -12,12 +12,11 @@
 
 namespace Platform {
 
-// Writes events as JSON text into memory of its own; the target has the text
-// when the writer is gone.
+// Writes events as JSON text into memory of its own until it is told to finish.
 class JsonWriter final : public ValueSink {
 public:
     JsonWriter(const JSONEncoder& options, std::string& target);
-    ~JsonWriter() override { target_.assign(memory_.get(), length()); }
+    ~JsonWriter() override = default;
     JsonWriter(const JsonWriter&) = delete;
     JsonWriter& operator=(const JsonWriter&) = delete;
 
@@ -36,6 +35,9 @@ public:
     void key(std::string_view key) override;
     void endDictionary() override { end('}'); }
     CodingPath codingPath() const override;
+
+    // Gives the target the text.
+    void finish() { target_.assign(memory_.get(), length()); }
 
 private:
     struct Level {
