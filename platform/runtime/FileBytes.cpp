@@ -32,4 +32,14 @@ Result<std::string> readFileBytes(const std::string& path, std::size_t limit)
     return bytes;
 }
 
+bool writeFileBytes(int file, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(file, bytes.data(), bytes.size());
+        if (count < 0 && errno != EINTR) return false;
+        if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return ::fsync(file) == 0;
+}
+
 }  // namespace Platform

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "platform/runtime/Result.h"
 
@@ -10,5 +11,9 @@ namespace Platform {
 // The bytes of a regular file; refused past the limit. Anything else that
 // stands at the path (a folder, a pipe) is refused without waiting on it. Any thread.
 Result<std::string> readFileBytes(const std::string& path, std::size_t limit);
+
+// Appends the bytes to an open file and waits until the disk has them. Any
+// thread. False, with errno, when not all of them got there.
+bool writeFileBytes(int file, std::string_view bytes);
 
 }  // namespace Platform

@@ -13,6 +13,7 @@
 #include "platform/bundle/internal/DefaultsLock.h"
 #include "platform/bundle/internal/FolderChanges.h"
 #include "platform/runtime/Date.h"
+#include "platform/runtime/FileBytes.h"
 #include "platform/runtime/Log.h"
 
 namespace Platform {
@@ -37,16 +38,6 @@ Result<std::string> contentOf(int file, const std::string& path)
         filled += static_cast<std::size_t>(count);
     }
     return content;
-}
-
-bool writeAll(int file, std::string_view content)
-{
-    while (!content.empty()) {
-        const ssize_t count = ::write(file, content.data(), content.size());
-        if (count < 0 && errno != EINTR) return false;
-        if (count > 0) content.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return true;
 }
 
 void apply(const DefaultsChanges& changes, PropertyList::Dictionary& values)
@@ -196,7 +187,7 @@ Result<FileDescriptor> DefaultsFile::writeTemporary(const std::string& content)
     constexpr int flags = O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW;
     FileDescriptor file(::open(temporary.c_str(), flags, 0600));
     if (!file) return Error::fromErrno("open", temporary, errno);
-    if (writeAll(file.get(), content) && ::fsync(file.get()) == 0) return file;
+    if (writeFileBytes(file.get(), content)) return file;
     const Error error = Error::fromErrno("write", temporary, errno);
     ::unlink(temporary.c_str());
     return error;

@@ -48,9 +48,11 @@ std::string linkOf(const std::string& identifier)
 // The link to a program whose path starters may misread, replaced as a whole.
 Result<void> makeLink(const std::string& link, const std::string& program)
 {
-    const std::string temporary = link + ".new";
+    const std::string folder = fs::path(link).parent_path();
     std::error_code failure;
-    fs::create_directories(fs::path(link).parent_path(), failure);
+    fs::create_directories(folder, failure);
+    if (failure) return Error::fromErrno("mkdir", folder, failure.value());
+    const std::string temporary = link + ".new";
     ::unlink(temporary.c_str());
     if (::symlink(program.c_str(), temporary.c_str()) != 0) return Error::fromErrno("symlink", link, errno);
     if (::rename(temporary.c_str(), link.c_str()) != 0) return Error::fromErrno("rename", link, errno);

@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/runtime/FileBytes.h"
 #include "platform/runtime/FileDescriptor.h"
 
 namespace Platform {
@@ -28,17 +29,6 @@ Result<void> makeFolder(const std::string& path)
     return {};
 }
 
-bool writeAll(int descriptor, std::string_view content)
-{
-    while (!content.empty()) {
-        const auto written = ::write(descriptor, content.data(), content.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) return false;
-        content.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return ::fsync(descriptor) == 0;
-}
-
 void syncFolder(const std::string& path)
 {
     const FileDescriptor folder(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -54,7 +44,7 @@ Result<void> replaceFile(const std::string& path, std::string_view content)
     const FileDescriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
     if (!file) return Error::fromErrno("open", path, errno);
 
-    const bool isWritten = ::fchmod(file.get(), 0644) == 0 && writeAll(file.get(), content);
+    const bool isWritten = ::fchmod(file.get(), 0644) == 0 && writeFileBytes(file.get(), content);
     if (!isWritten || ::rename(temporary.c_str(), path.c_str()) != 0) {
         const Error error = Error::fromErrno(isWritten ? "rename" : "write", path, errno);
         ::unlink(temporary.c_str());
