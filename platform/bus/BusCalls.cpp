@@ -25,6 +25,18 @@ Subscription BusConnection::matchRule(const std::string& rule)
             waitUntil([agreed] { return *agreed; });  // answered after all rules, that were sent before
         }
     }
+    return ruleKeeper(rule);
+}
+
+Subscription BusConnection::matchRuleSoon(const std::string& rule)
+{
+    if (++rules_[rule] == 1 && link_) addRule(rule);
+    if (!link_) join();
+    return ruleKeeper(rule);
+}
+
+Subscription BusConnection::ruleKeeper(const std::string& rule)
+{
     return Subscription([weak = weak_from_this(), rule] {
         if (const auto self = weak.lock()) self->removeRule(rule);
     });
@@ -76,6 +88,7 @@ void BusConnection::send(const BusMessage& message)
     if (!link_ || !message) return;
     const int sent = sd_bus_send(link_->bus(), message.get(), nullptr);
     if (sent < 0) log(Error::fromErrno("sd_bus_send", message.member(), -sent).message());
+    isBacklogged_ = isReady_ && link_->hasUnsent();
 }
 
 void BusConnection::call(const BusMessage& message, std::chrono::nanoseconds deadline, Completion completion)

@@ -77,9 +77,10 @@ void BusConnection::lost()
     link_.reset();
     if (timer_) timer_->invalidate();
     timerDeadline_ = 0;
-    isReady_ = hasAnswered_ = false;
+    isReady_ = hasAnswered_ = isBacklogged_ = false;
     unmet_ = nullptr;
     greeting_ = nullptr;
+    tell(Occasion::lost);
     scheduleDelivery();
     scheduleRetry();
 }
@@ -128,6 +129,7 @@ void BusConnection::process()
     if (link_) {
         if (link_->process(messagesPerTurn)) {
             noteReady();
+            noteDrained();
         } else {
             lost();
         }
@@ -141,10 +143,22 @@ void BusConnection::noteReady()
     isReady_ = true;
     retryDelay_ = firstRetry;
     hasSaidNoBus_ = false;
+    tell(Occasion::joined);
+}
+
+void BusConnection::noteDrained()
+{
+    if (!isBacklogged_ || link_->hasUnsent()) return;
+    isBacklogged_ = false;
+    tell(Occasion::drained);
+}
+
+void BusConnection::tell(Occasion occasion)
+{
     for (const auto& handler : handlers_) {
-        if (!handler->joined) continue;
+        if (handler->occasion != occasion) continue;
         loop_.post([handler] {
-            if (handler->isActive) handler->joined();
+            if (handler->isActive) handler->happened();
         });
     }
 }
@@ -168,6 +182,7 @@ bool BusConnection::pump(const std::function<bool()>& isDone, std::chrono::nanos
             break;
         }
         noteReady();
+        noteDrained();
         const auto left = end - std::chrono::steady_clock::now();
         if (isDone() || left <= 0s) break;
         link_->wait(left);

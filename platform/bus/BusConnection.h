@@ -44,8 +44,12 @@ public:
 
     // Each time the bus has answered the greeting: to claim names, to announce.
     Subscription onJoined(std::function<void()> handler);
+    // Each time a joined bus, or one that we were joining, is gone.
+    Subscription onLost(std::function<void()> handler);
     // Has the bus send us what the rule matches. Waits for its consent.
     Subscription matchRule(const std::string& rule);
+    // The same without waiting: what is sent later finds the rule in force.
+    Subscription matchRuleSoon(const std::string& rule);
     // Signals that the rules brought. Empty texts match all.
     Subscription onSignal(std::string interface, std::string member, SignalHandler handler);
     // Every method call to the path, those of the standard interfaces included
@@ -58,6 +62,10 @@ public:
 
     // An empty message is ignored.
     void send(const BusMessage& message);
+    // Messages wait here because the bus has stopped reading; what need not be
+    // sent now had better wait, too, until it is told that all have left.
+    bool isBacklogged() const { return isBacklogged_; }
+    Subscription onDrained(std::function<void()> handler);
     // Waits until what was sent has left; on a fresh connection until the bus
     // has answered, as closing a socket with unread answers loses what was sent.
     void flush();
@@ -67,6 +75,7 @@ public:
 private:
     struct PendingCall;
     struct Handler;
+    enum class Occasion { none, joined, lost, drained };
     struct Arrival {
         BusMessage message;
         Completion completion;  // of a reply
@@ -84,14 +93,18 @@ private:
     void rearmTimer();
     void process();
     void noteReady();
+    void noteDrained();
+    void tell(Occasion occasion);
     bool waitUntil(const std::function<bool()>& isDone);
     bool pump(const std::function<bool()>& isDone, std::chrono::nanoseconds timeout);
 
     std::shared_ptr<bool> addRule(const std::string& rule);
     void removeRule(const std::string& rule);
+    Subscription ruleKeeper(const std::string& rule);
     BusMessage newDaemonCall(const char* member);
     std::shared_ptr<bool> start(const BusMessage& message, std::uint64_t microseconds, Completion completion);
     Subscription keep(std::shared_ptr<Handler> handler);
+    Subscription on(Occasion occasion, std::function<void()> handler);
 
     int accept(sd_bus_message* message);
     void scheduleDelivery();
@@ -112,6 +125,7 @@ private:
     bool hasAnswered_ = false;        // so was a call
     std::shared_ptr<bool> greeting_;  // a question whose answer shows that the bus is there
     bool hasSaidNoBus_ = false;
+    bool isBacklogged_ = false;
     std::function<bool()> unmet_;  // the wait that ended without success
 
     std::map<std::string, int> rules_;

@@ -34,8 +34,24 @@ Subscription BusConnection::keep(std::shared_ptr<Handler> handler)
 
 Subscription BusConnection::onJoined(std::function<void()> handler)
 {
+    return on(Occasion::joined, std::move(handler));
+}
+
+Subscription BusConnection::onLost(std::function<void()> handler)
+{
+    return on(Occasion::lost, std::move(handler));
+}
+
+Subscription BusConnection::onDrained(std::function<void()> handler)
+{
+    return on(Occasion::drained, std::move(handler));
+}
+
+Subscription BusConnection::on(Occasion occasion, std::function<void()> handler)
+{
     auto kept = std::make_shared<Handler>();
-    kept->joined = std::move(handler);
+    kept->occasion = occasion;
+    kept->happened = std::move(handler);
     return keep(std::move(kept));
 }
 

@@ -7,14 +7,15 @@
 
 namespace Platform {
 
-// What somebody registered: one of the three functions is set.
+// What somebody registered: one of the functions is set.
 struct BusConnection::Handler {
     bool isActive = true;
     std::string interfaceOrPath;
     std::string member;
     SignalHandler signal;
     CallHandler call;
-    std::function<void()> joined;
+    Occasion occasion = Occasion::none;
+    std::function<void()> happened;
 };
 
 // A call whose reply has not come.

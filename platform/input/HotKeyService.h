@@ -15,7 +15,8 @@ inline constexpr HotKeyStatus noError = 0;
 inline constexpr HotKeyStatus unsupported = -4;               // the keyboard's server is gone
 inline constexpr HotKeyStatus eventNotHandled = -9874;        // the handler leaves the event to others
 inline constexpr HotKeyStatus eventParameterMissing = -9870;  // the event carries no identifier
-inline constexpr HotKeyStatus hotKeyExists = -9878;           // another program holds the combination
+inline constexpr HotKeyStatus hotKeyExists =
+    -9878;  // taken by another program, or by another of ours that looks the same
 inline constexpr HotKeyStatus hotKeyInvalid = -9879;  // no such key or modifier on this keyboard, or no such handle
 }  // namespace HotKeyStatuses
 

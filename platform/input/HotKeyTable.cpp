@@ -1,6 +1,7 @@
 #include "platform/input/HotKeyTable.h"
 
 #include <algorithm>
+#include <set>
 
 namespace Platform {
 
@@ -20,10 +21,13 @@ bool HotKeyTable::holds(const KeyCombination& combination) const
     return std::ranges::any_of(entries_, [&](const auto& entry) { return entry.second.combination == combination; });
 }
 
-std::set<KeyCombination> HotKeyTable::combinations() const
+std::vector<KeyCombination> HotKeyTable::combinations() const
 {
-    std::set<KeyCombination> all;
-    for (const auto& [handle, entry] : entries_) all.insert(entry.combination);
+    std::set<KeyCombination> known;
+    std::vector<KeyCombination> all;
+    for (const auto& [handle, entry] : entries_) {
+        if (known.insert(entry.combination).second) all.push_back(entry.combination);
+    }
     return all;
 }
 

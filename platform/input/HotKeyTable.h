@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <map>
-#include <set>
 #include <vector>
 
 #include "platform/input/HotKeyService.h"
@@ -26,8 +25,8 @@ public:
     bool remove(HotKeyHandle handle);
     bool holds(const KeyCombination& combination) const;
     bool isEmpty() const { return entries_.empty(); }
-    // Each combination once.
-    std::set<KeyCombination> combinations() const;
+    // Each combination once, in the order of registration.
+    std::vector<KeyCombination> combinations() const;
 
     HotKeyEventHandlerHandle install(HotKeyEventHandler handler);
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+
 #include "platform/input/HotKeyTable.h"
 
 namespace Platform {

@@ -25,6 +25,10 @@ HotKeyRegistration X11HotKeyService::registerKey(std::uint32_t keyCode, std::uin
     if (connection_->isLost()) return {HotKeyStatuses::unsupported, std::nullopt};
     const auto key = map_.key(combination);
     if (!key) return {HotKeyStatuses::hotKeyInvalid, std::nullopt};
+    const auto holder = combinations_.find(*key);
+    if (holder != combinations_.end() && holder->second != combination) {
+        return {HotKeyStatuses::hotKeyExists, std::nullopt};
+    }
     const bool isGranted = grabs_.add(map_.withLocks(*key));
     connection_->deliverSoon();
     if (connection_->isLost()) return {HotKeyStatuses::unsupported, std::nullopt};
@@ -37,6 +41,7 @@ HotKeyStatus X11HotKeyService::unregisterKey(HotKeyHandle handle)
 {
     if (!table_->remove(handle)) return HotKeyStatuses::hotKeyInvalid;
     dropUnused();
+    claim();
     return connection_->isLost() ? HotKeyStatuses::unsupported : HotKeyStatuses::noError;
 }
 
@@ -89,20 +94,25 @@ void X11HotKeyService::renewSoon()
     });
 }
 
-// The new grabs first, so that no press between them is lost. What another
-// program holds under the new map is tried again with the next one.
+// The new grabs first, so that no press between them is lost.
 void X11HotKeyService::renew()
 {
     map_ = XKeyMap::read(connection_->get());
     combinations_.clear();
-    for (const KeyCombination& combination : table_->combinations()) {
-        const auto key = map_.key(combination);
-        if (!key) continue;
-        combinations_[*key] = combination;
-        if (!grabs_.add(map_.withLocks(*key))) log("a hot key is held by another program under the new keyboard map");
-    }
+    claim();
     dropUnused();
     connection_->deliverSoon();
+}
+
+// What another program holds is tried again with the next map. What this map
+// does not tell from an earlier one of ours waits until that is let go.
+void X11HotKeyService::claim()
+{
+    for (const KeyCombination& combination : table_->combinations()) {
+        const auto key = map_.key(combination);
+        if (!key || !combinations_.emplace(*key, combination).second) continue;
+        if (!grabs_.add(map_.withLocks(*key))) log("a hot key is held by another program under the new keyboard map");
+    }
 }
 
 void X11HotKeyService::dropUnused()

@@ -27,6 +27,7 @@ private:
     void handleRelease(const xcb_key_release_event_t& event);
     void renewSoon();
     void renew();
+    void claim();
     void dropUnused();
     void lost();
 

@@ -60,6 +60,16 @@ protected:
         return eventually([&] { return released > before; }) && pressed == released;
     }
 
+    // The display's keyboard, changed by a script for sed.
+    static bool editMap(const std::string& script)
+    {
+        const Tests::TemporaryDirectory folder;
+        const std::string file = folder / "map.xkb";
+        return runOnDisplay({"sh", "-c",
+                             "xkbcomp $DISPLAY - 2>/dev/null | sed '" + script + "' >" + file + " && xkbcomp " + file +
+                                 " $DISPLAY 2>/dev/null"}) == 0;
+    }
+
     std::optional<Tests::Display> display{std::in_place};
     std::unique_ptr<X11HotKeyService> service = X11HotKeyService::open();
     int pressed = 0;
@@ -117,18 +127,31 @@ TEST_F(X11HotKey, MovesWithItsPositionWhileItIsHeld)
     pressKeys({"38"});
     ASSERT_TRUE(eventually([&] { return pressed == 2; }));
 
-    Tests::TemporaryDirectory folder;
-    const std::string swapPositions =
-        "xkbcomp $DISPLAY - 2>/dev/null | sed 's/<AC01> = 38/<AC01> = 39/; s/<AC02> = "
-        "39/<AC02> = 38/' >" +
-        folder / "map.xkb" + " && xkbcomp " + folder / "map.xkb" + " $DISPLAY 2>/dev/null";
-    ASSERT_EQ(runOnDisplay({"sh", "-c", swapPositions}), 0);
+    ASSERT_TRUE(editMap("s/<AC01> = 38/<AC01> = 39/; s/<AC02> = 39/<AC02> = 38/"));
     OtherClient other;
     EXPECT_TRUE(eventually([&] { return other.grab(positionOfA, 0); })) << "the old position is free";
 
     releaseKeys({"38"});
     EXPECT_TRUE(eventually([&] { return released == 2; }));
     EXPECT_TRUE(typeOnce({"39"}));
+}
+
+TEST_F(X11HotKey, EarlierOneKeepsWhatTheKeyboardCannotTellApart)
+{
+    const auto first = service->registerKey(0, option, {1, 1});
+    const auto second = service->registerKey(0, command, {1, 2});
+    ASSERT_TRUE(first.handle && second.handle);
+    ASSERT_TRUE(editMap("s/modifier_map Mod4/modifier_map Mod1/"));
+    OtherClient other;
+    ASSERT_TRUE(eventually([&] { return other.grab(positionOfA, XCB_MOD_MASK_4); })) << "the old modifier is free";
+
+    EXPECT_EQ(service->registerKey(0, option | command, {1, 3}).status, HotKeyStatuses::hotKeyExists);
+    EXPECT_TRUE(typeOnce({"Super_L", "38"}));
+    EXPECT_EQ(lastId, 1U);
+    service->unregisterKey(*first.handle);
+    EXPECT_TRUE(typeOnce({"Alt_L", "38"}));
+    EXPECT_EQ(lastId, 2U);
+    EXPECT_EQ(service->registerKey(0, option, {1, 1}).status, HotKeyStatuses::hotKeyExists);
 }
 
 TEST_F(X11HotKey, BearsTwoHundredRegistrations)
