@@ -87,6 +87,11 @@ void StatusItem::setMenu(const MenuRef& menu)
     changed();
 }
 
+void StatusItem::openMenu(std::function<void()> otherwise)
+{
+    if (menu_ && presentation_) presentation_->openMenu(std::move(otherwise));
+}
+
 void StatusItem::setVisible(bool visible)
 {
     const bool former = std::exchange(isVisible_, visible);

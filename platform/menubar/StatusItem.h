@@ -62,6 +62,11 @@ public:
     // With a menu a click opens it, and the button's action is not called.
     const MenuRef& menu() const { return menu_; }
     void setMenu(const MenuRef& menu);
+    // Asks the desktop to open the menu, as for a hotkey. Most tray hosts do not
+    // listen: the block is called later, once, when none has begun to open it
+    // within a quarter of a second, or at once when none shows the item; not
+    // without a menu, nor off the bar.
+    void openMenu(std::function<void()> otherwise = {});
     bool isVisible() const { return isVisible_; }
     void setVisible(bool visible);
 

@@ -2,6 +2,7 @@
 
 #include "Fennick/notifications/Notifications.h"
 #include "examples/pellora/HotkeyText.h"
+#include "platform/menubar/PopUpMenu.h"
 #include "platform/menubar/StatusBar.h"
 #include "platform/ui/Desktop.h"
 
@@ -55,8 +56,16 @@ void StatusBarDisplay::Look::appearanceChanged(bool /*isDark*/)
 
 void StatusBarDisplay::claim(const Lorrel::Hotkey& hotkey)
 {
-    hotkeys_->keyDownHandlers()[hotkey] = {[readings = readings_] { tell(*readings); }};
+    const auto item = controller_->item()->item();
+    hotkeys_->keyUpHandlers()[hotkey] = {[item, readings = readings_] { openMenu(*item, readings); }};
     hotkeys_->register_(hotkey);
+}
+
+void StatusBarDisplay::openMenu(Platform::StatusItem& item, const std::shared_ptr<Fennick::IDataStore>& readings)
+{
+    item.openMenu([menu = item.menu(), readings] {
+        if (!Platform::popUp(menu)) tell(*readings);
+    });
 }
 
 void StatusBarDisplay::tell(const Fennick::IDataStore& readings)

@@ -12,8 +12,9 @@
 namespace Pellora {
 
 // Pellora's item in the status bar: the processor's graph and the menu of the
-// readings. The hotkey shows the main readings as a user notification: a
-// program cannot open the menu of an item that the desktop shows. Thread: main.
+// readings. The hotkey opens the menu when it is let go: in the bar where the
+// tray host does that, else at the pointer; without a screen it shows the main
+// readings as a user notification. Thread: main.
 class StatusBarDisplay final : public Fennick::DataProviderContainerDelegate {
 public:
     StatusBarDisplay(const Monitor& monitor, Lorrel::IAutoStartController& autoStart, const Settings& settings);
@@ -36,6 +37,7 @@ private:
     };
 
     void claim(const Lorrel::Hotkey& hotkey);
+    static void openMenu(Platform::StatusItem& item, const std::shared_ptr<Fennick::IDataStore>& readings);
     static void tell(const Fennick::IDataStore& readings);
 
     const std::shared_ptr<Fennick::IDataStore> readings_;

@@ -32,6 +32,7 @@ MenuExport::MenuExport(std::shared_ptr<BusConnection> connection, std::function<
 
 void MenuExport::setMenu(const MenuRef& menu)
 {
+    if (menu != menu_) hidden();
     menu_ = menu;
     menuObserver_ = menu ? menu->observe([this](MenuItem* item) { changed(item); }) : Subscription();
     changed(nullptr);
@@ -40,6 +41,23 @@ void MenuExport::setMenu(const MenuRef& menu)
 void MenuExport::shown()
 {
     if (isMissed_) changed(nullptr);
+}
+
+void MenuExport::hidden()
+{
+    const auto left = std::exchange(open_, {});
+    for (auto each = left.rbegin(); each != left.rend(); ++each) {
+        if (const MenuRef menu = each->lock()) RunLoop::main().post([menu] { menu->closed(); });
+    }
+}
+
+// Without a time of its own: this is no answer to an event of the host's.
+void MenuExport::askToOpen()
+{
+    isOpening_ = false;
+    const BusMessage signal = connection_->newSignal(path, interface, "ItemActivationRequested");
+    if (signal) sd_bus_message_append(signal.get(), "iu", 0, 0U);
+    connection_->send(signal);
 }
 
 void MenuExport::changed(MenuItem* item)
@@ -55,6 +73,7 @@ void MenuExport::changed(MenuItem* item)
 
 bool MenuExport::publish()
 {
+    if (connection_->isBacklogged()) return false;
     const auto self = shared_from_this();
     const bool isLayout = std::exchange(isLayoutChanged_, false);
     if (isLayout) ++revision_;
@@ -159,15 +178,32 @@ bool MenuExport::takeEvent(int number, std::string_view kind)
     // Later, so that who asked has its answer before our program's work begins.
     if (item && kind == "clicked") RunLoop::main().post([item] { item->performAction(); });
     if (item && kind == "hovered" && item->menu()) item->menu()->highlight(item);
-    if (menu && kind == "opened") RunLoop::main().post([menu] { menu->opened(); });
-    if (menu && kind == "closed") RunLoop::main().post([menu] { menu->closed(); });
+    if (menu && kind == "opened") opened(menu);
+    if (menu && kind == "closed") closed(menu);
     return true;
+}
+
+void MenuExport::opened(const MenuRef& menu)
+{
+    if (menu == menu_) isOpening_ = true;
+    std::erase_if(open_, [&](const auto& each) { return each.lock() == menu; });
+    open_.push_back(menu);
+    RunLoop::main().post([menu] { menu->opened(); });
+}
+
+// What lies below a menu closes with it, and a second time is none.
+void MenuExport::closed(const MenuRef& menu)
+{
+    if (menu == menu_) return hidden();
+    const auto isIt = [&](const auto& each) { return each.lock() == menu; };
+    if (std::erase_if(open_, isIt) > 0) RunLoop::main().post([menu] { menu->closed(); });
 }
 
 // Whether the reader's layout is old.
 bool MenuExport::aboutToShow(int number)
 {
     const auto self = shared_from_this();
+    if (number == 0) isOpening_ = true;
     if (const MenuRef menu = menuOf(number)) menu->needsUpdate();
     const bool isOld = isLayoutChanged_ || !changedItems_.empty();
     if (isOld) publish();

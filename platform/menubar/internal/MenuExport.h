@@ -25,6 +25,14 @@ public:
     void setMenu(const MenuRef& menu);
     // From now on somebody listens: tells that the menu has changed since it was read.
     void shown();
+    // Who showed the menu shows it no longer: what was open is closed.
+    void hidden();
+    // Sends now what had to wait.
+    void publishSoon() { gate_.request(); }
+    // Asks those who show the menu to open it. Few of them do.
+    void askToOpen();
+    // Somebody has begun to open it since.
+    bool isOpening() const { return isOpening_; }
 
 private:
     using Names = std::set<std::string>;
@@ -52,6 +60,8 @@ private:
     std::vector<BusObject::Property> properties(int number, const Names& names);
     // False for a number that nobody has.
     bool takeEvent(int number, std::string_view kind);
+    void opened(const MenuRef& menu);
+    void closed(const MenuRef& menu);
     bool aboutToShow(int number);
 
     std::shared_ptr<BusConnection> connection_;
@@ -65,6 +75,8 @@ private:
     bool isRead_ = false;     // somebody has the layout
     bool isMissed_ = false;   // and was not told of a change
     bool isDrawing_ = false;  // drawing a view is no change of it
+    bool isOpening_ = false;
+    std::vector<std::weak_ptr<Menu>> open_;  // on the screen, submenus last
     std::set<int> changedItems_;
     UpdateGate gate_;
     BusObject object_;

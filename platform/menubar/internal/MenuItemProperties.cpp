@@ -31,15 +31,16 @@ void appendBytes(sd_bus_message* message, const std::vector<std::byte>& bytes)
     sd_bus_message_append_array(message, 'y', bytes.data(), bytes.size());
 }
 
+constexpr std::array<std::pair<ModifierFlags, const char*>, 4> modifierNames{{{ModifierFlags::control, "Control"},
+                                                                              {ModifierFlags::option, "Alt"},
+                                                                              {ModifierFlags::shift, "Shift"},
+                                                                              {ModifierFlags::command, "Super"}}};
+
 void appendShortcut(sd_bus_message* message, ModifierFlags modifiers, const std::string& key)
 {
-    constexpr std::array<std::pair<ModifierFlags, const char*>, 4> names{{{ModifierFlags::control, "Control"},
-                                                                          {ModifierFlags::option, "Alt"},
-                                                                          {ModifierFlags::shift, "Shift"},
-                                                                          {ModifierFlags::command, "Super"}}};
     sd_bus_message_open_container(message, 'a', "as");
     sd_bus_message_open_container(message, 'a', "s");
-    for (const auto& [flag, name] : names) {
+    for (const auto& [flag, name] : modifierNames) {
         if (modifiers.contains(flag)) sd_bus_message_append_basic(message, 's', name);
     }
     sd_bus_message_append_basic(message, 's', key.c_str());
@@ -88,6 +89,15 @@ std::string shortcutKeyName(const std::string& keyEquivalent)
     const bool isPrivate = keyEquivalent.size() == 3 && keyEquivalent.starts_with("\xEF\x9C");
     const int number = isPrivate ? static_cast<unsigned char>(keyEquivalent[2]) - 0x84 + 1 : 0;
     return number >= 1 && number <= 35 ? 'F' + std::to_string(number) : keyEquivalent;
+}
+
+std::string shortcutPrefix(ModifierFlags modifiers)
+{
+    std::string prefix;
+    for (const auto& [flag, name] : modifierNames) {
+        if (modifiers.contains(flag)) prefix.append(name).append("+");
+    }
+    return prefix;
 }
 
 std::vector<BusObject::Property> propertiesOf(const MenuItem& item)

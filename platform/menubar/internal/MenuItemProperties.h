@@ -16,5 +16,7 @@ const std::vector<std::string>& menuPropertyNames();
 // The key of a shortcut as the menu's readers call it: "F1", "space", "a";
 // empty for none.
 std::string shortcutKeyName(const std::string& keyEquivalent);
+// The modifiers in front of it where it is written out: "Control+Alt+".
+std::string shortcutPrefix(ModifierFlags modifiers);
 
 }  // namespace Platform

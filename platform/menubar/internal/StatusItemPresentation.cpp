@@ -12,6 +12,8 @@ constexpr const char* path = "/StatusNotifierItem";
 constexpr const char* interface = "org.kde.StatusNotifierItem";
 constexpr const char* watcher = "org.kde.StatusNotifierWatcher";
 constexpr const char* watcherPath = "/StatusNotifierWatcher";
+// A menu that the host opens is on its way by then.
+constexpr double openingPatience = 0.25;
 // A host may be stopped for long and accept the item when it goes on; nobody waits meanwhile.
 constexpr std::chrono::hours watcherPatience(24);
 
@@ -100,17 +102,20 @@ void StatusItemPresentation::start()
         return self && self->item_ ? self->object_.answer(call) : BusMessage();
     }));
     subscriptions_.push_back(connection_->onJoined(guarded(&StatusItemPresentation::announce)));
+    subscriptions_.push_back(connection_->onLost(guarded(&StatusItemPresentation::lost)));
+    subscriptions_.push_back(connection_->onDrained(guarded(&StatusItemPresentation::drained)));
     subscriptions_.push_back(connection_->onSignal("org.freedesktop.DBus", "NameOwnerChanged",
                                                    guarded(&StatusItemPresentation::watcherChanged)));
     subscriptions_.push_back(
-        connection_->matchRule("type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
-                               "member='NameOwnerChanged',arg0='org.kde.StatusNotifierWatcher'"));
+        connection_->matchRuleSoon("type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
+                                   "member='NameOwnerChanged',arg0='org.kde.StatusNotifierWatcher'"));
 }
 
 void StatusItemPresentation::end()
 {
     item_ = nullptr;
-    isShown_ = false;
+    lost();
+    if (opening_) opening_->invalidate();
     subscriptions_.clear();
     menu_ = nullptr;
     connection_ = nullptr;
@@ -118,7 +123,6 @@ void StatusItemPresentation::end()
 
 void StatusItemPresentation::announce()
 {
-    isShown_ = false;  // a bus that was joined again may have no watcher
     BusMessage call = connection_->newCall(watcher, watcherPath, watcher, "RegisterStatusNotifierItem");
     if (!call || !call.append(path)) return;
     sd_bus_message_set_auto_start(call.get(), false);
@@ -135,8 +139,21 @@ void StatusItemPresentation::watcherChanged(BusMessage message)
 {
     const auto name = message.readText(), former = message.readText(), present = message.readText();
     if (name != watcher || !present) return;
-    isShown_ = false;
+    lost();
     if (!present->empty()) announce();
+}
+
+// Nobody shows the item any longer: a bus that is joined again may have no watcher.
+void StatusItemPresentation::lost()
+{
+    isShown_ = false;
+    if (menu_) menu_->hidden();
+}
+
+void StatusItemPresentation::drained()
+{
+    gate_.request();
+    menu_->publishSoon();
 }
 
 void StatusItemPresentation::itemChanged()
@@ -149,6 +166,18 @@ void StatusItemPresentation::itemChanged()
 void StatusItemPresentation::menuChanged()
 {
     if (menu_) menu_->setMenu(item_->menu());
+}
+
+void StatusItemPresentation::openMenu(std::function<void()> otherwise)
+{
+    const bool isAsked = isShown_ && item_->isVisible();
+    if (isAsked) menu_->askToOpen();
+    if (opening_) opening_->invalidate();
+    opening_ =
+        Timer::scheduled(isAsked ? openingPatience : 0, false, [this, isAsked, otherwise = std::move(otherwise)] {
+            const auto block = otherwise;  // it may ask again
+            if (block && !(isAsked && menu_->isOpening())) block();
+        });
 }
 
 const ItemSnapshot& StatusItemPresentation::snapshot()
@@ -165,7 +194,7 @@ const ItemSnapshot& StatusItemPresentation::snapshot()
 bool StatusItemPresentation::publish()
 {
     const bool hasBeenRead = snapshot_.has_value();  // who has not looked yet will see what is new then
-    if (!item_ || !isShown_ || !hasBeenRead || isCurrent_) return false;
+    if (!item_ || !isShown_ || !hasBeenRead || isCurrent_ || connection_->isBacklogged()) return false;
     const ItemSnapshot former = *snapshot_;
     const ItemSnapshot& present = snapshot();
     if (former == present) return false;

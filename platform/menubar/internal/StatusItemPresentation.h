@@ -9,6 +9,7 @@
 #include "platform/menubar/internal/ItemSnapshot.h"
 #include "platform/menubar/internal/MenuExport.h"
 #include "platform/menubar/internal/UpdateGate.h"
+#include "platform/runtime/Timer.h"
 
 namespace Platform {
 
@@ -25,6 +26,9 @@ public:
     void end();
     void itemChanged();
     void menuChanged();
+    // Asks the desktop to open the item's menu; the block is called later,
+    // once, where that has not begun in time.
+    void openMenu(std::function<void()> otherwise);
     // A watcher has accepted the item.
     bool isShown() const { return isShown_; }
 
@@ -33,6 +37,8 @@ private:
     BusObject describe();
     void start();
     void announce();
+    void lost();
+    void drained();
     void watcherChanged(BusMessage message);
     bool publish();
     void emitChanges(const ItemSnapshot& former, const ItemSnapshot& present);
@@ -50,6 +56,7 @@ private:
     bool isCurrent_ = false;
     bool isDrawing_ = false;
     bool isShown_ = false;
+    std::shared_ptr<Timer> opening_;
     std::vector<Subscription> subscriptions_;
 };
 

@@ -5,6 +5,7 @@
 #include "platform/ui/Image.h"
 #include "platform/ui/views/VisualEffectView.h"
 #include "tests/fakes/VirtualClock.h"
+#include "tests/support/ChildProcess.h"
 #include "tests/support/PrivateBus.h"
 #include "tests/support/TrayHost.h"
 
@@ -222,6 +223,88 @@ TEST_F(MenuTest, ChangesOfItemsAndOfListsAreToldApart)
     EXPECT_TRUE(eventually([] { return StatusBar::system().isShown(); }));
     clock->advance(1);
     EXPECT_EQ(next(), "LayoutUpdated") << "what changed while nobody listened";
+}
+
+TEST_F(MenuTest, OpeningIsAskedOfTheHostAndLeftToTheProgramWhereThatDoesNot)
+{
+    Tests::ReplacedClock clock;
+    int left = 0;
+    const struct {
+        std::function<void()> answer;
+        int left;
+    } cases[] = {{[&] { aboutToShow(0); }, 0}, {[&] { send(0, "opened"); }, 0}, {[&] { send(0, "closed"); }, 1}};
+    for (const auto& one : cases) {
+        left = 0;
+        host->signals.clear();
+        item->openMenu([&] { ++left; });
+        EXPECT_TRUE(eventually([&] { return host->signals == Strings{"ItemActivationRequested"}; }));
+        one.answer();
+        clock->advance(0.2);
+        RunLoop::current().drain();
+        EXPECT_EQ(left, 0) << "it may still begin";
+        clock->advance(0.1);
+        RunLoop::current().drain();
+        EXPECT_EQ(left, one.left);
+    }
+    item->setVisible(false);
+    item->openMenu([&] { ++left; });
+    clock->advance(0.001);
+    RunLoop::current().drain();
+    EXPECT_EQ(left, 2) << "nobody is there to wait for";
+}
+
+TEST_F(MenuTest, ClosesWithWhateverTakesItOffTheScreen)
+{
+    const MenuRef below = Menu::create();
+    add("More", 1, menu)->setSubmenu(below);
+    below->setDelegate(delegate);
+    const std::function<void()> ways[] = {
+        [&] { send(0, "closed"); },
+        [&] { item->setMenu(nullptr); },
+        [&] { host.reset(); },
+        [&] {
+            bus.stop();
+            EXPECT_TRUE(eventually([] { return !StatusBar::system().isShown(); }));
+            bus.start();
+        },
+        [&] { StatusBar::system().removeStatusItem(item); },
+    };
+    for (const auto& way : ways) {
+        item->setMenu(menu);
+        layout();
+        for (const int number : {0, 1}) send(number, "opened");
+        RunLoop::current().drain();
+        delegate->calls.clear();
+        way();
+        EXPECT_TRUE(eventually([&] {
+            return delegate->calls == Strings{"close", "close"};
+        })) << &way - ways
+            << testing::PrintToString(delegate->calls);
+        host.reset();
+        host.emplace();
+        eventually([&] { return StatusBar::system().isShown() || StatusBar::system().items().empty(); });
+    }
+}
+
+TEST_F(MenuTest, IsReadAndClickedByAProgramOfAnotherMaker)
+{
+    add("One", 7, menu)->setState(MenuItemState::on);
+    const auto called = [&](std::vector<std::string> arguments) {
+        std::vector<std::string> command{
+            "busctl",   "--address=" + bus.address(), "--json=short", "call", "--", host->item,
+            "/MenuBar", "com.canonical.dbusmenu"};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        Tests::ChildProcess program(command, {.streams = Tests::ChildStreams::outputAndErrors});
+        EXPECT_TRUE(eventually([&] { return program.hasEnded(); }));
+        return program.readAll();
+    };
+    const std::string text =
+        R"-({"type":"u(ia{sv}av)","data":[2,[0,{"children-display":{"type":"s","data":"submenu"}},[)-"
+        R"-({"type":"(ia{sv}av)","data":[1,{"label":{"type":"s","data":"One"},)-"
+        R"-("toggle-type":{"type":"s","data":"checkmark"},"toggle-state":{"type":"i","data":1}},[]]}]]]})-";
+    EXPECT_EQ(called({"GetLayout", "iias", "0", "-1", "0"}), text + '\n');
+    EXPECT_EQ(called({"Event", "isvu", "1", "clicked", "s", "", "0"}), "");
+    EXPECT_TRUE(eventually([&] { return target->tags == std::vector<long>{7}; }));
 }
 
 TEST_F(MenuTest, ItemMayEndWithItsMenuOpenAndInItsOwnAction)

@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <csignal>
 
+#include <errno.h>
 #include <gtest/gtest.h>
 #include <malloc.h>
 
@@ -87,6 +89,47 @@ TEST_F(StatusItemTest, OutlivesASilentHostAndARestartOfTheBus)
     RunLoop::current().drain();
     bus.start();  // the host does not claim its name again
     EXPECT_TRUE(eventually([] { return !StatusBar::system().isShown(); }));
+}
+
+TEST_F(StatusItemTest, NeitherWaitsNorGrowsWhileHostOrBusStandStillAndThenTellsTheLast)
+{
+    Tests::ReplacedClock clock;
+    Tests::ChildProcess host({TRAY_HOST}, {.streams = Tests::ChildStreams::output});
+    const auto says = [&](const std::string& text) {
+        bool hasSaid = false;
+        return eventually([&] {
+            clock->advance(0.01);
+            hasSaid = hasSaid || host.readLine(std::chrono::milliseconds(1)) == text;
+            return hasSaid;
+        });
+    };
+    const struct {
+        const char* last;
+        std::function<void()> freeze, thaw;
+    } cases[] = {{"after the host", [&] { host.signal(SIGSTOP); }, [&] { host.signal(SIGCONT); }},
+                 {"after the bus",
+                  [&] {
+                      bus.freeze();
+                      const auto newcomer = StatusBar::system().statusItem(StatusItem::squareLength);
+                      RunLoop::current().drain();
+                  },
+                  [&] { bus.thaw(); }}};
+    ASSERT_TRUE(says(program_invocation_short_name));
+    for (const auto& one : cases) {
+        const auto start = std::chrono::steady_clock::now();
+        one.freeze();
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2)) << one.last;
+        const auto before = mallinfo2().uordblks;
+        for (int step = 0; step < 1'500; ++step) {
+            item->setToolTip(std::to_string(step));
+            clock->advance(0.1);
+            RunLoop::current().drain();
+        }
+        EXPECT_LT(mallinfo2().uordblks, before + 128 * 1024) << one.last;
+        item->setToolTip(one.last);
+        one.thaw();
+        EXPECT_TRUE(says(one.last));
+    }
 }
 
 TEST_F(StatusItemTest, TellsTheHostEverythingOfItself)

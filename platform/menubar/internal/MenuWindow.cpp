@@ -1,0 +1,110 @@
+#include "platform/menubar/internal/MenuWindow.h"
+
+#include <QCursor>
+#include <QPointer>
+#include <array>
+
+#include "platform/menubar/internal/MenuItemProperties.h"
+#include "platform/runtime/RunLoop.h"
+#include "platform/ui/Image.h"
+
+namespace Platform {
+
+namespace {
+
+// An ampersand marks a key to press; two of them are one to read. What follows
+// a tab stands in the column of the shortcuts.
+QString textOf(const MenuItem& item)
+{
+    if (item.view()) return {};
+    QString text = QString::fromStdString(item.title()).replace('&', "&&").replace('\t', ' ');
+    const std::string key = shortcutKeyName(item.keyEquivalent());
+    if (!key.empty()) text += '\t' + QString::fromStdString(shortcutPrefix(item.keyEquivalentModifierMask()) + key);
+    return text;
+}
+
+QIcon iconOf(const MenuItem& item)
+{
+    const ImageRef image = item.view() ? item.view()->rendered() : item.image();
+    const auto bitmap = image ? image->bitmap() : std::nullopt;
+    if (!bitmap) return {};
+    const QImage pixels(reinterpret_cast<const uchar*>(bitmap->pixels()), bitmap->width(), bitmap->height(),
+                        static_cast<qsizetype>(bitmap->bytesPerRow()), QImage::Format_ARGB32_Premultiplied);
+    return QPixmap::fromImage(pixels.copy());
+}
+
+void describe(QAction& line, const MenuItem& item)
+{
+    line.setText(textOf(item));
+    line.setIcon(iconOf(item));
+    line.setEnabled(item.isEnabled());
+    line.setVisible(!item.isHidden());
+    line.setCheckable(item.state() != MenuItemState::off);
+    line.setChecked(item.state() != MenuItemState::off);
+}
+
+}  // namespace
+
+void MenuWindow::open(const MenuRef& menu)
+{
+    static QPointer<MenuWindow> present;
+    if (present) present->close();
+    menu->needsUpdate();
+    present = new MenuWindow(menu);
+    present->popup(QCursor::pos());
+}
+
+MenuWindow::MenuWindow(MenuRef menu, QWidget* parent) : QMenu(parent), menu_(std::move(menu))
+{
+    fill();
+    changes_ = menu_->observe([this](MenuItem* item) { item ? refresh(item) : fill(); });
+    connect(this, &QMenu::aboutToShow, this, [this] { willShow(); });
+    connect(this, &QMenu::aboutToHide, this, [this] { hasHidden(); });
+}
+
+void MenuWindow::fill()
+{
+    clear();
+    lines_.clear();
+    for (const MenuItemRef& item : menu_->items()) add(item);
+}
+
+void MenuWindow::add(const MenuItemRef& item)
+{
+    if (item->isSeparator()) {
+        addSeparator()->setVisible(!item->isHidden());
+        return;
+    }
+    QAction* line = addAction(QString());
+    lines_[item.get()] = line;
+    describe(*line, *item);
+    if (item->submenu()) line->setMenu(new MenuWindow(item->submenu(), this));
+    const std::weak_ptr<MenuItem> weak = item;
+    connect(line, &QAction::hovered, this, [this, weak] { menu_->highlight(weak.lock()); });
+    connect(line, &QAction::triggered, this, [weak] {
+        // Later, when the window has closed.
+        RunLoop::main().post([item = weak.lock()] {
+            if (item) item->performAction();
+        });
+    });
+}
+
+void MenuWindow::refresh(MenuItem* item)
+{
+    if (const auto line = lines_.find(item); line != lines_.end()) describe(*line->second, *item);
+}
+
+void MenuWindow::willShow()
+{
+    if (parentWidget()) menu_->needsUpdate();
+    menu_->opened();
+}
+
+// An action that was chosen is told after its window has closed.
+void MenuWindow::hasHidden()
+{
+    RunLoop::main().post([menu = menu_] { menu->closed(); });
+    if (!parentWidget()) deleteLater();
+}
+
+}  // namespace Platform
