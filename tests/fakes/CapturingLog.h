@@ -1,9 +1,7 @@
 #pragma once
 
 #include <algorithm>
-#include <mutex>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/runtime/Log.h"

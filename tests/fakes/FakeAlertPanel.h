@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "platform/ui/dialogs/AlertPanel.h"
 #include "tests/fakes/Replaced.h"
 

@@ -1,12 +1,7 @@
 #pragma once
 
-#include <memory>
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "platform/session/DistributedNotificationCenter.h"
+#include "platform/session/internal/ObserverTable.h"
 #include "tests/fakes/Replaced.h"
 
 namespace Tests {
@@ -20,39 +15,34 @@ public:
     void addObserver(Platform::ObserverAction action, const Platform::NotificationName& name,
                      const Object& object) override
     {
-        registrations_.push_back(std::make_shared<Registration>(Registration{std::move(action), name, object}));
+        table_.add(name, std::move(action), {object});
+        ++observerCount_;
     }
     void removeObserver(const std::shared_ptr<const void>& observer, const Platform::NotificationName& name) override
     {
-        std::erase_if(registrations_, [&](const auto& registration) {
-            const bool isOut = registration->name == name && registration->action.isOf(observer);
-            registration->isActive = registration->isActive && !isOut;
-            return isOut;
-        });
+        observerCount_ -= table_.remove(name, observer).size();
     }
     void post(const Platform::NotificationName& name, const Object& object) override
     {
         posted.emplace_back(name.text(), object);
-        const auto registrations = registrations_;
-        for (const auto& registration : registrations) {
-            const bool isWanted = !registration->object || registration->object == object;
-            const bool isCalled = registration->isActive && registration->name == name && isWanted;
-            if (isCalled) registration->action.call({name, object, nullptr});
-        }
+        const Platform::Notification notification{name, object, nullptr};
+        table_.call(table_.matching(notification), notification);
     }
 
-    std::size_t observerCount() const { return registrations_.size(); }
+    std::size_t observerCount() const { return observerCount_; }
 
     std::vector<Posted> posted;
 
 private:
-    struct Registration {
-        Platform::ObserverAction action;
-        Platform::NotificationName name;
+    struct Filter {
         Object object;
-        bool isActive = true;
+        bool accepts(const Platform::Notification& notification) const
+        {
+            return !object || object == notification.object;
+        }
     };
-    std::vector<std::shared_ptr<Registration>> registrations_;
+    Platform::ObserverTable<Filter> table_;
+    std::size_t observerCount_ = 0;
 };
 
 using ReplacedDistributedNotificationCenter =

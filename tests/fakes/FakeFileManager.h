@@ -1,7 +1,6 @@
 #pragma once
 
 #include <map>
-#include <string>
 
 #include "platform/files/FileManager.h"
 #include "tests/fakes/Replaced.h"

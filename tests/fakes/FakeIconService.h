@@ -1,9 +1,6 @@
 #pragma once
 
 #include <map>
-#include <memory>
-#include <string>
-#include <vector>
 
 #include "platform/files/IconService.h"
 #include "tests/fakes/Replaced.h"

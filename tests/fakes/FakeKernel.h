@@ -1,8 +1,6 @@
 #pragma once
 
 #include <map>
-#include <string>
-#include <utility>
 
 #include "platform/system/Kernel.h"
 #include "platform/system/ProcessInfo.h"

@@ -2,11 +2,6 @@
 
 #include <cerrno>
 #include <map>
-#include <memory>
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "platform/session/ApplicationService.h"
 #include "platform/session/LoginItems.h"

@@ -1,13 +1,6 @@
 #pragma once
 
-#include <cstdint>
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
-
-#include "platform/bus/BusConnection.h"
-#include "platform/runtime/RunLoop.h"
+#include "tests/support/BusService.h"
 
 namespace Tests {
 
@@ -24,34 +17,20 @@ public:
     bool isHanging = false;
     std::vector<Shown> shown;
 
-    FakeNotificationServer() : connection_(Platform::BusConnection::create(Platform::RunLoop::current()))
-    {
-        connection_->join();
-        object_ = connection_->exportObject(path, [this](Platform::BusMessage call) { return answer(call); });
-        Platform::BusMessage claim = connection_->newCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                                          "org.freedesktop.DBus", "RequestName");
-        sd_bus_message_append(claim.get(), "su", service, 4);
-        connection_->call(claim, std::chrono::seconds(5), [this](const auto& reply) { isThere_ = reply.isSuccess(); });
-    }
-
-    bool isThere() const { return isThere_; }
-
-    void close(std::uint32_t id, std::uint32_t reason)
-    {
-        Platform::BusMessage signal = connection_->newSignal(path, service, "NotificationClosed");
-        sd_bus_message_append(signal.get(), "uu", id, reason);
-        connection_->send(signal);
-    }
-    void invoke(std::uint32_t id, const char* action)
-    {
-        Platform::BusMessage signal = connection_->newSignal(path, service, "ActionInvoked");
-        sd_bus_message_append(signal.get(), "us", id, action);
-        connection_->send(signal);
-    }
+    void close(std::uint32_t id, std::uint32_t reason) { signal("NotificationClosed", "uu", id, reason); }
+    void invoke(std::uint32_t id, const char* action) { signal("ActionInvoked", "us", id, action); }
 
 private:
-    static constexpr const char* service = "org.freedesktop.Notifications";
+    static constexpr const char* name = "org.freedesktop.Notifications";
     static constexpr const char* path = "/org/freedesktop/Notifications";
+
+    template <typename... Arguments>
+    void signal(const char* member, const char* types, Arguments... arguments)
+    {
+        const Platform::BusMessage message = service_.bus->newSignal(path, name, member);
+        sd_bus_message_append(message.get(), types, arguments...);
+        service_.bus->send(message);
+    }
 
     Platform::BusMessage answer(Platform::BusMessage call)
     {
@@ -70,9 +49,7 @@ private:
         return Platform::BusMessage(reply);
     }
 
-    std::shared_ptr<Platform::BusConnection> connection_;
-    Platform::Subscription object_;
-    bool isThere_ = false;
+    BusService service_{name, path, [this](Platform::BusMessage call) { return answer(std::move(call)); }};
 };
 
 }  // namespace Tests

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <utility>
-#include <vector>
-
 #include "platform/files/OpenPanel.h"
 #include "tests/fakes/Replaced.h"
 

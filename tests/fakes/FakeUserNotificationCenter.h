@@ -1,10 +1,5 @@
 #pragma once
 
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "platform/session/UserNotificationCenter.h"
 #include "tests/fakes/Replaced.h"
 

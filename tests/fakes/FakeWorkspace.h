@@ -2,10 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "platform/session/Workspace.h"
 #include "tests/fakes/Replaced.h"

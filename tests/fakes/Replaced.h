@@ -1,8 +1,5 @@
 #pragma once
 
-#include <memory>
-#include <utility>
-
 #include "platform/runtime/Shared.h"
 
 namespace Tests {

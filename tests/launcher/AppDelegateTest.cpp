@@ -1,12 +1,6 @@
-#include <string>
-#include <type_traits>
-#include <vector>
-
 #include <gtest/gtest.h>
 
-#include "Lorrel/apps/queries/DistributedNotifications.h"
 #include "launcher/AppDelegate.h"
-#include "launcher/ResourceBundleClass.h"
 #include "platform/bundle/Bundle.h"
 #include "platform/runtime/Shared.h"
 #include "tests/fakes/FakeDistributedNotificationCenter.h"
@@ -44,8 +38,6 @@ struct AppDelegateTest : testing::Test {
 
 }  // namespace
 
-static_assert(std::is_empty_v<Launcher::ResourceBundleClass>);
-
 TEST_F(AppDelegateTest, OpensTheApplicationAroundItAndWaits)
 {
     EXPECT_EQ(delegate->mainIdentifier(), "com.orvane.pellora");
@@ -53,13 +45,6 @@ TEST_F(AppDelegateTest, OpensTheApplicationAroundItAndWaits)
     EXPECT_EQ(opened(), std::vector<std::string>{folder / "Apps and \xc3\xbc % 'more'/Pellora.app"});
     EXPECT_EQ(center->observerCount(), 1u);
     EXPECT_FALSE(isTerminating());
-
-    Lorrel::DistributedNotifications::post("killme", "com.example.other");
-    Lorrel::DistributedNotifications::post("killme", std::nullopt);
-    EXPECT_FALSE(isTerminating());
-    Lorrel::DistributedNotifications::post("killme", "com.orvane.pellora");
-    EXPECT_TRUE(isTerminating());
-    Lorrel::DistributedNotifications::post("killme", "com.orvane.pellora");
 }
 
 TEST_F(AppDelegateTest, EndsAtOnceWhereTheApplicationRuns)

@@ -1,24 +1,22 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
-#include <string>
 
 #include "tests/support/TemporaryDirectory.h"
 
 namespace Tests {
 
-// Makes the bundle NAME in the folder, its program a copy of the given one
-// under the name "program"; the bundle's path.
+// Writes the application bundle NAME below the folder; the path of its
+// executable "Program", which has the given content (a script or a copied program).
 inline std::string makeApplication(const TemporaryDirectory& folder, const std::string& name,
-                                   const std::optional<std::string>& identifier, const std::string& program)
+                                   const std::optional<std::string>& identifier, std::string_view program)
 {
-    std::string info = "<plist version=\"1.0\"><dict><key>CFBundleExecutable</key><string>program</string>";
+    std::string info = "<plist version=\"1.0\"><dict><key>CFBundleExecutable</key><string>Program</string>";
     if (identifier) info += "<key>CFBundleIdentifier</key><string>" + *identifier + "</string>";
     folder.write(name + "/Contents/Info.plist", info + "</dict></plist>");
-    const std::string binaries = folder.makeFolder(name + "/Contents/MacOS");
-    std::filesystem::copy_file(program, binaries + "/program");
-    return folder / name;
+    const std::string executable = folder.write(name + "/Contents/MacOS/Program", program);
+    std::filesystem::permissions(executable, std::filesystem::perms::owner_all);
+    return executable;
 }
 
 }  // namespace Tests

@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <system_error>
-#include <utility>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -27,19 +25,6 @@ namespace {
     throw std::system_error(errno, std::generic_category(), call);
 }
 
-std::vector<std::string> mergedEnvironment(const std::map<std::string, std::optional<std::string>>& changes)
-{
-    std::vector<std::string> merged;
-    for (char** entry = environ; *entry; ++entry) {
-        const std::string text = *entry;
-        if (!changes.contains(text.substr(0, text.find('=')))) merged.push_back(text);
-    }
-    for (const auto& [name, value] : changes) {
-        if (value) merged.push_back(name + '=' + *value);
-    }
-    return merged;
-}
-
 std::vector<char*> pointersTo(const std::vector<std::string>& texts)
 {
     std::vector<char*> pointers;
@@ -51,10 +36,8 @@ std::vector<char*> pointersTo(const std::vector<std::string>& texts)
 // What the child does between fork and exec: only calls that are allowed there.
 struct Launch {
     std::vector<char*> arguments;
-    std::vector<char*> environment;
-    const char* folder;
-    int output;
-    int errors;
+    int output = -1;
+    int errors = -1;
 
     [[noreturn]] void run(pid_t parent) const
     {
@@ -63,26 +46,20 @@ struct Launch {
         sigemptyset(&none);
         ::sigprocmask(SIG_SETMASK, &none, nullptr);
         std::signal(SIGPIPE, SIG_DFL);
-        const bool isOrphan = ::getppid() != parent;
-        if (isOrphan || (*folder && ::chdir(folder) != 0)) ::_exit(127);
+        if (::getppid() != parent) ::_exit(127);
         if (output >= 0) ::dup2(output, STDOUT_FILENO);
         if (errors >= 0) ::dup2(errors, STDERR_FILENO);
-        ::execvpe(arguments.front(), arguments.data(), environment.data());
+        ::execvp(arguments.front(), arguments.data());
         ::_exit(127);
     }
 };
 
-milliseconds left(steady_clock::time_point deadline)
-{
-    const auto rest = std::chrono::ceil<milliseconds>(deadline - steady_clock::now());
-    return std::max(rest, milliseconds(0));
-}
-
 bool waitReadable(int descriptor, steady_clock::time_point deadline)
 {
     for (;;) {
+        const auto left = std::chrono::ceil<milliseconds>(deadline - steady_clock::now());
         pollfd entry{descriptor, POLLIN, 0};
-        const int ready = ::poll(&entry, 1, static_cast<int>(left(deadline).count()));
+        const int ready = ::poll(&entry, 1, static_cast<int>(std::max(left.count(), 0L)));
         if (ready >= 0 || errno != EINTR) return ready > 0;
     }
 }
@@ -91,8 +68,13 @@ bool waitReadable(int descriptor, steady_clock::time_point deadline)
 
 ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Options& options)
 {
-    const std::vector<std::string> environment = mergedEnvironment(options.environment);
-    Launch launch{pointersTo(arguments), pointersTo(environment), options.workingDirectory.c_str(), -1, -1};
+    std::vector<std::string> command{"env"};
+    for (const auto& [name, value] : options.environment) {
+        if (!value) command.insert(command.begin() + 1, "--unset=" + name);
+        if (value) command.push_back(name + '=' + *value);
+    }
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    Launch launch{pointersTo(command)};
     FileDescriptor target;
     if (options.streams == Streams::silent) {
         target = FileDescriptor(::open("/dev/null", O_WRONLY | O_CLOEXEC));
@@ -111,18 +93,6 @@ ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Opti
     if (pid_ == 0) launch.run(parent);
     pidDescriptor_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, pid_, 0)));
     if (!pidDescriptor_) fail("pidfd_open");
-}
-
-ChildProcess& ChildProcess::operator=(ChildProcess&& other) noexcept
-{
-    if (this == &other) return *this;
-    kill();
-    pid_ = other.pid_;
-    pidDescriptor_ = std::move(other.pidDescriptor_);
-    output_ = std::move(other.output_);
-    buffer_ = std::move(other.buffer_);
-    status_ = other.status_;
-    return *this;
 }
 
 ChildProcess::~ChildProcess()
@@ -177,9 +147,8 @@ void ChildProcess::signal(int number)
 
 void ChildProcess::kill()
 {
-    if (!pidDescriptor_ || status_) return;
     signal(SIGKILL);
-    wait(std::chrono::seconds(10));
+    wait();
 }
 
 }  // namespace Tests

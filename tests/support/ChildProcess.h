@@ -19,7 +19,6 @@ struct ChildOptions {
     // On top of this process's environment; an absent value unsets.
     std::map<std::string, std::optional<std::string>> environment = {};
     ChildStreams streams = ChildStreams::inherited;
-    std::string workingDirectory = {};
 };
 
 // A program started by a test and killed at the latest when the scope ends. It
@@ -33,7 +32,6 @@ public:
     // The program is looked up in PATH. One that cannot be run ends with status 127.
     explicit ChildProcess(const std::vector<std::string>& arguments, const Options& options = {});
     ChildProcess(ChildProcess&&) noexcept = default;
-    ChildProcess& operator=(ChildProcess&& other) noexcept;
     ~ChildProcess();
 
     pid_t pid() const { return pid_; }

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <chrono>
-#include <functional>
-
 #include "platform/runtime/RunLoop.h"
 
 namespace Tests {

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "tests/support/ChildProcess.h"
 
 namespace Tests {

@@ -1,11 +1,6 @@
 #pragma once
 
 #include <cstdarg>
-#include <cstdint>
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "platform/bus/BusConnection.h"
 #include "tests/support/Eventually.h"

@@ -1,18 +1,15 @@
-#include <cerrno>
-#include <chrono>
-#include <optional>
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include "platform/bus/BusConnection.h"
 #include "tests/fakes/CapturingLog.h"
+#include "tests/support/Eventually.h"
 #include "tests/support/PrivateBus.h"
 
 using namespace std::chrono_literals;
 using Platform::BusConnection;
 using Platform::BusMessage;
 using Platform::RunLoop;
+using Tests::eventually;
 
 namespace {
 
@@ -37,9 +34,8 @@ struct BusConnectionTest : testing::Test {
 
     void joinBoth()
     {
-        const int before = joins;
         service->join();
-        ASSERT_TRUE(RunLoop::main().runUntil([&] { return joins > before && client->join(); }, 20s));
+        ASSERT_TRUE(eventually([&] { return joins == 1 && client->join(); }, 20s));
     }
 
     void ask(Answer& answer, const char* path, std::chrono::nanoseconds deadline = 10s)
@@ -52,7 +48,7 @@ struct BusConnectionTest : testing::Test {
     {
         Answer answer;
         ask(answer, path, deadline);
-        EXPECT_TRUE(RunLoop::main().runUntil([&] { return answer.has_value(); }, 20s));
+        EXPECT_TRUE(eventually([&] { return answer.has_value(); }, 20s));
         return answer;
     }
 };
@@ -96,20 +92,33 @@ TEST_F(BusConnectionTest, CallsAreAnsweredRefusedOrEndAtTheirDeadline)
 TEST_F(BusConnectionTest, ALostBusFailsWhatIsPendingAndIsJoinedAgain)
 {
     const auto silent = service->exportObject("/silent", [](const BusMessage&) { return BusMessage(); });
+    int heard = 0;
+    const auto hearing = client->onSignal(name, "Told", [&](const BusMessage&) { ++heard; });
     joinBoth();
-    Answer pending;
-    ask(pending, "/silent", 60s);
-    client->flush();
-    bus.stop();
-    ASSERT_TRUE(RunLoop::main().runUntil([&] { return pending.has_value(); }, 10s));
-    EXPECT_EQ(pending->error().code, ENOTCONN);
-
-    bus.start();
-    EXPECT_TRUE(RunLoop::main().runUntil([&] { return joins == 2; }, 20s));
+    const auto rule = client->matchRule("type='signal',interface='org.example.Service'");
+    for (int round = 1; round <= 2; ++round) {
+        Answer pending;
+        ask(pending, "/silent", 60s);
+        client->flush();
+        bus.stop();
+        ASSERT_TRUE(eventually([&] { return pending.has_value(); }));
+        EXPECT_EQ(pending->error().code, ENOTCONN);
+        bus.start();
+        ASSERT_TRUE(eventually([&] { return joins == round + 1 && client->join(); }, 20s));
+        heard = 0;
+        EXPECT_TRUE(eventually([&] {
+            service->send(service->newSignal("/told", name, "Told"));
+            return heard > 0;
+        })) << "the rule was not renewed";
+    }
 }
 
-TEST_F(BusConnectionTest, WithoutABusACallFailsFromTheLoop)
+TEST_F(BusConnectionTest, WithoutABusACallFailsFromTheLoopAndTheLogSaysSoOnce)
 {
     bus.stop();
     EXPECT_EQ(answered("/open")->error().code, ENOTCONN);
+    const Tests::EnvironmentVariable noAddress("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
+    const Tests::EnvironmentVariable noRuntime("XDG_RUNTIME_DIR", std::nullopt);
+    for (int i = 0; i < 2; ++i) EXPECT_FALSE(client->join());
+    EXPECT_EQ(log->messages().size(), 1u);
 }

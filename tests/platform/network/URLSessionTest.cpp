@@ -1,7 +1,4 @@
-#include <atomic>
 #include <future>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -182,13 +179,11 @@ TEST(URLSession, TrustsOnlyKnownCertificates)
 {
     const Tests::TlsIdentity identity;
     HttpServer server(testSite, &identity);
-    Tests::TemporaryDirectory folder;
     const URLRequest request = requestFor(server.url("/chunked"));
     EXPECT_EQ(bothForms(request), twice(Code::serverCertificateUntrusted));
-    EXPECT_EQ(bothForms(request, {folder.write("trusted.pem", identity.certificatePem())}), twice("200 hello"));
+    EXPECT_EQ(bothForms(request, {identity.certificate()}), twice("200 hello"));
     const Tests::TlsIdentity other;
-    EXPECT_EQ(bothForms(request, {folder.write("other.pem", other.certificatePem())}),
-              twice(Code::serverCertificateUntrusted));
+    EXPECT_EQ(bothForms(request, {other.certificate()}), twice(Code::serverCertificateUntrusted));
 }
 
 TEST(URLSession, KeepsConnectionsAndCookiesToItself)

@@ -1,41 +1,28 @@
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <systemd/sd-bus.h>
+#include <filesystem>
 
-#include "platform/bus/BusConnection.h"
-#include "platform/runtime/RunLoop.h"
-#include "platform/runtime/Shared.h"
+#include <gtest/gtest.h>
+
 #include "platform/session/Workspace.h"
 #include "tests/fakes/CapturingLog.h"
 #include "tests/fakes/FakeEnvironment.h"
-#include "tests/support/EnvironmentVariable.h"
-#include "tests/support/Eventually.h"
+#include "tests/support/BusService.h"
 #include "tests/support/PrivateBus.h"
-#include "tests/support/TemporaryDirectory.h"
 
 namespace Platform {
 namespace {
 
-// A file browser of the test's own on the session bus; keeps what it is asked to show.
-class Browser {
-public:
-    explicit Browser(bool refuses = false) : bus_(BusConnection::create(RunLoop::main()))
+class FileBrowserTest : public testing::Test {
+protected:
+    FileBrowserTest() : environment(folder.path())
     {
-        EXPECT_TRUE(bus_->join());
-        const auto answer = [this, refuses](const BusMessage& call) { return reply(call, refuses); };
-        object_ = bus_->exportObject("/org/freedesktop/FileManager1", answer);
-        bool isNamed = false;
-        const BusMessage request =
-            bus_->newCall("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName");
-        sd_bus_message_append(request.get(), "su", "org.freedesktop.FileManager1", 0U);
-        bus_->call(request, std::chrono::seconds(10),
-                   [&](const Result<BusMessage>& done) { isNamed = done.isSuccess(); });
-        EXPECT_TRUE(Tests::eventually([&] { return isNamed; }));
+        // An xdg-open that notes what it is given.
+        const auto opener = folder.write("bin/xdg-open", "#!/bin/sh\necho \"$1\" > \"" + folder / "opened" + "\"\n");
+        std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
+        environment->set("PATH", folder / "bin:/bin:/usr/bin");
+        environment->set("DBUS_SESSION_BUS_ADDRESS", bus.address());
     }
 
-    std::vector<std::string> shown;
-
-private:
+    // A file browser on the bus; keeps what it is asked to show.
     BusMessage reply(const BusMessage& call, bool refuses)
     {
         sd_bus_message* answer = nullptr;
@@ -49,64 +36,47 @@ private:
         }
         return BusMessage(answer);
     }
-
-    std::shared_ptr<BusConnection> bus_;
-    Subscription object_;
-};
-
-class FileBrowserTest : public testing::Test {
-protected:
-    FileBrowserTest() : environment(folder.path())
+    auto browser(bool refuses)
     {
-        // An xdg-open that notes what it is given.
-        folder.write("bin/xdg-open", "#!/bin/sh\necho \"$1\" > \"" + folder / "opened" + "\"\n");
-        ::chmod((folder / "bin/xdg-open").c_str(), 0755);
-        environment->set("PATH", folder / "bin:/bin:/usr/bin");
+        return Tests::BusService("org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
+                                 [this, refuses](const BusMessage& call) { return reply(call, refuses); });
     }
+
     bool isOpened(const std::string& text) const
     {
         return Tests::eventually([&] { return Tests::contentOf(folder / "opened") == text + "\n"; });
     }
 
     Tests::TemporaryDirectory folder;
+    Tests::PrivateBus bus;
     Tests::ReplacedEnvironment environment;
     Tests::ReplacedLog log;
     Shared<Workspace>::Override fresh;
     Shared<BusConnection>::Override freshBus;
+    std::vector<std::string> shown;
 };
 
 TEST_F(FileBrowserTest, ShowsTheEntrySelected)
 {
-    const Tests::PrivateBus bus;
-    environment->set("DBUS_SESSION_BUS_ADDRESS", bus.address());
-    const Browser browser;
+    const auto service = browser(false);
     EXPECT_TRUE(Workspace::shared().selectFile("/a b/caf\xe9.txt", "/a b"));
-    EXPECT_TRUE(Tests::eventually([&] { return !browser.shown.empty(); }));
-    EXPECT_EQ(browser.shown, std::vector<std::string>{"ShowItems file:///a%20b/caf%E9.txt"});
+    EXPECT_TRUE(Tests::eventually([&] { return !shown.empty(); }));
+    EXPECT_EQ(shown, std::vector<std::string>{"ShowItems file:///a%20b/caf%E9.txt"});
 }
 
-TEST_F(FileBrowserTest, RefusalOpensTheFolderInstead)
-{
-    const Tests::PrivateBus bus;
-    environment->set("DBUS_SESSION_BUS_ADDRESS", bus.address());
-    const Browser browser(true);
-    EXPECT_TRUE(Workspace::shared().selectFile("/a/b", "/a"));
-    EXPECT_TRUE(isOpened("file:///a/"));
-    EXPECT_EQ(log->count("no window today"), 1u);
-}
-
-TEST_F(FileBrowserTest, WithoutBrowserOrBusTheFolderIsOpened)
+TEST_F(FileBrowserTest, WithoutBrowserOrBusAndAfterARefusalTheFolderIsOpened)
 {
     {
-        const Tests::PrivateBus bus;
-        environment->set("DBUS_SESSION_BUS_ADDRESS", bus.address());
+        const auto service = browser(true);
         EXPECT_TRUE(Workspace::shared().selectFile("/a/b", "/a"));
         EXPECT_TRUE(isOpened("file:///a/"));
+        EXPECT_EQ(log->count("no window today"), 1u);
     }
-    const Tests::EnvironmentVariable nowhere("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
-    environment->set("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
     EXPECT_TRUE(Workspace::shared().selectFile("/c/d", "/c"));
     EXPECT_TRUE(isOpened("file:///c/"));
+    bus.stop();
+    EXPECT_TRUE(Workspace::shared().selectFile("/e/f", "/e"));
+    EXPECT_TRUE(isOpened("file:///e/"));
     EXPECT_FALSE(Workspace::shared().selectFile("/", ""));
 }
 

@@ -1,6 +1,3 @@
-#include <atomic>
-#include <filesystem>
-#include <set>
 #include <thread>
 
 #include <fcntl.h>
@@ -13,12 +10,13 @@
 #include "platform/session/internal/LinuxWorkspace.h"
 #include "tests/fakes/CapturingLog.h"
 #include "tests/fakes/FakeEnvironment.h"
-#include "tests/fakes/Replaced.h"
+#include "tests/fakes/FakeWorkspace.h"
 #include "tests/support/ApplicationBundle.h"
 #include "tests/support/Eventually.h"
 
 using Platform::LinuxWorkspace;
 using Platform::Url;
+using Platform::Workspace;
 
 namespace {
 
@@ -44,7 +42,7 @@ protected:
 
     std::string addApplication(const std::string& name, const std::string& identifier)
     {
-        return Tests::makeApplication(folder, name, identifier, WAITING_APPLICATION) + "/Contents/MacOS/program";
+        return Tests::makeApplication(folder, name, identifier, "");
     }
 
     std::vector<int> listed()
@@ -60,6 +58,7 @@ protected:
     Tests::ReplacedSystemRoots roots{folder.path()};
 };
 
+// Real bundles in a folder of the test, whose processes end with it.
 class RealProcesses : public testing::Test {
 protected:
     RealProcesses() { environment->set("XDG_RUNTIME_DIR", folder.path()); }
@@ -75,9 +74,10 @@ protected:
         return running;
     }
 
-    Url install(const std::string& name, const std::string& identifier)
+    Url install(const std::string& name, const std::optional<std::string>& identifier)
     {
-        return Url::fromPath(Tests::makeApplication(folder, name, identifier, WAITING_APPLICATION));
+        Tests::makeApplication(folder, name, identifier, Tests::contentOf(WAITING_APPLICATION));
+        return Url::fromPath(folder / name);
     }
 
     Tests::TemporaryDirectory folder;
@@ -85,20 +85,74 @@ protected:
     LinuxWorkspace workspace;
 };
 
+// What the fake session has to do like the real one.
+class WorkspaceContract : public RealProcesses, public testing::WithParamInterface<bool> {
+protected:
+    Url installBoth(const std::string& name, const std::optional<std::string>& identifier)
+    {
+        fake->install(folder / name, identifier);
+        return install(name, identifier);
+    }
+
+    std::shared_ptr<Tests::FakeWorkspace> fake = std::make_shared<Tests::FakeWorkspace>();
+    Platform::Shared<Workspace>::Override replaced{GetParam() ? nullptr : fake};
+    Workspace& session = Workspace::shared();
+};
+INSTANTIATE_TEST_SUITE_P(FakeAndReal, WorkspaceContract, testing::Bool());
+
 }  // namespace
+
+TEST_P(WorkspaceContract, AnOpenedApplicationRunsOnceUntilItIsTerminated)
+{
+    for (const auto& identifier : {std::optional<std::string>("org.example.a"), std::optional<std::string>()}) {
+        const Url url = installBoth(identifier ? "A.app" : "Nameless.app", identifier);
+        EXPECT_FALSE(session.isRunning("org.example.a"));
+        const auto opened = session.openApplication(url);
+        ASSERT_TRUE(opened) << opened.error().message();
+        EXPECT_EQ(*session.openApplication(url), *opened);
+        for (int i = 0; i < 2; ++i) EXPECT_EQ(session.isRunning("org.example.a"), identifier.has_value());
+        EXPECT_FALSE(session.isRunning("org.example.A"));
+        EXPECT_EQ(session.firstRunning("org.example.a"), identifier ? std::optional(*opened) : std::nullopt);
+
+        EXPECT_TRUE(opened->terminate());
+        EXPECT_TRUE(Tests::eventually([&] { return !opened->terminate() && !session.isRunning("org.example.a"); }));
+    }
+}
+
+TEST_P(WorkspaceContract, ListsApplicationsInTheOrderOfTheirStart)
+{
+    std::vector<std::string> expected, listed;
+    for (const char* name : {"Z.app", "A b.app", "M'\"%41\né.app"}) {
+        const Url url = installBoth(name, std::string("org.example.") + name[0]);
+        ASSERT_TRUE(session.openApplication(url));
+        expected.push_back(url.path());
+    }
+    for (const auto& running : session.runningApplications()) {
+        const std::string path = running.bundleUrl().path();
+        if (path.starts_with(folder.path())) listed.push_back(path);
+    }
+    EXPECT_EQ(listed, expected);
+}
+
+TEST_P(WorkspaceContract, WhatIsNoApplicationIsRefused)
+{
+    for (const char* text : {"file:///missing/X.app", "file:///", "https://example.org/X.app"}) {
+        EXPECT_EQ(session.openApplication(*Url::parse(text)).error().reason, "not an application");
+    }
+}
 
 TEST_F(WrittenProcesses, OnlyTheNamedExecutableOfTheInnermostBundleCounts)
 {
     const std::string outer = addApplication("Outer.app", "org.example.outer");
     const std::string inner = addApplication("Outer.app/Contents/Library/LoginItems/Inner.app", "org.example.inner");
-    folder.write("NoInfo.app/Contents/MacOS/program", "");
+    folder.write("NoInfo.app/Contents/MacOS/Program", "");
     folder.write("Empty.app/Contents/Info.plist", "");
     addProcess(10, outer, 30);
     addProcess(11, inner, 20);
     addProcess(12, outer + " (deleted)", 20);
     addProcess(13, folder / "Outer.app/Contents/MacOS/helper");
-    addProcess(14, folder / "NoInfo.app/Contents/MacOS/program");
-    addProcess(15, folder / "Empty.app/Contents/MacOS/program");
+    addProcess(14, folder / "NoInfo.app/Contents/MacOS/Program");
+    addProcess(15, folder / "Empty.app/Contents/MacOS/Program");
     addProcess(16, "");
     addProcess(17, "/usr/bin/plain");
     folder.makeFolder("proc/18");
@@ -214,7 +268,7 @@ TEST_F(RealProcesses, TheStartedProgramInheritsNothing)
 TEST_F(RealProcesses, WhatCannotBeExecutedIsReported)
 {
     const Url url = install("A.app", "org.example.a");
-    const std::string program = url.path() + "/Contents/MacOS/program";
+    const std::string program = url.path() + "/Contents/MacOS/Program";
     ASSERT_EQ(::chmod(program.c_str(), 0600), 0);
     EXPECT_EQ(workspace.openApplication(url, {}).error().code, EACCES);
     ::unlink(program.c_str());
@@ -230,7 +284,7 @@ TEST_F(RealProcesses, AReplacedExecutableStillCountsAndALinkedBundleIsTheSame)
     ASSERT_TRUE(opened);
     EXPECT_TRUE(workspace.isRunning("org.example.a"));
 
-    const std::string program = url.path() + "/Contents/MacOS/program";
+    const std::string program = url.path() + "/Contents/MacOS/Program";
     std::filesystem::copy_file(program, program + ".new");
     std::filesystem::rename(program + ".new", program);
     EXPECT_TRUE(workspace.isRunning("org.example.a"));
@@ -243,9 +297,9 @@ TEST_F(RealProcesses, NobodyElseIsTerminatedInPlaceOfOneThatEnded)
     const auto opened = workspace.openApplication(install("A.app", "org.example.a"), {});
     ASSERT_TRUE(opened);
     const Url nowhere = Url::fromPath("/", true);
-    for (const auto& [process, start] :
-         {std::pair{opened->processIdentifier(), opened->startTime() + 1}, std::pair{pid_t{0}, std::uint64_t{0}},
-          std::pair{pid_t{-1}, std::uint64_t{0}}}) {
+    for (const auto& [process, start] : {std::pair{opened->processIdentifier(), opened->startTime() + 1},
+                                         {pid_t{0}, std::uint64_t{0}},
+                                         {pid_t{-1}, std::uint64_t{0}}}) {
         EXPECT_FALSE(workspace.terminate({process, start, std::nullopt, nowhere, nowhere}));
     }
     EXPECT_EQ(mine().size(), 1U);

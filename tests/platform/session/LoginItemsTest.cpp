@@ -1,10 +1,5 @@
 #include <cerrno>
 #include <csignal>
-#include <filesystem>
-#include <fstream>
-#include <map>
-#include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -17,9 +12,8 @@
 #include "platform/session/LoginItems.h"
 #include "platform/session/internal/XdgLoginItems.h"
 #include "tests/fakes/FakeEnvironment.h"
+#include "tests/support/ApplicationBundle.h"
 #include "tests/support/ChildProcess.h"
-#include "tests/support/ScriptApplication.h"
-#include "tests/support/TemporaryDirectory.h"
 
 namespace fs = std::filesystem;
 using Platform::Bundle;
@@ -38,15 +32,15 @@ struct LoginItemsTest : testing::Test {
     Platform::XdgApplicationServices services;
     std::string autostart = home / ".config/autostart";
     std::string bundle = home / "Apps/My App.app";
-    std::string program = writeBundle(bundle);
+    std::string program = writeBundle("Apps/My App.app");
     Platform::Shared<Bundle>::Override mainBundle{Bundle::open(bundle)};
 
     // The main application with its starter inside, which leaves a mark; the starter's program.
-    static std::string writeBundle(const std::string& path)
+    std::string writeBundle(const std::string& name) const
     {
         const std::string script = "#!/bin/sh\nprintf %s \"$0\" > \"$MARK\"\n";
-        Tests::writeScriptApplication(path, app, script);
-        return Tests::writeScriptApplication(path + "/Contents/Library/LoginItems/Starter.app", starter, script);
+        Tests::makeApplication(home, name, app, script);
+        return Tests::makeApplication(home, name + "/Contents/Library/LoginItems/Starter.app", starter, script);
     }
 
     std::string fileOf(const std::string& identifier) const { return autostart + "/" + identifier + ".desktop"; }
@@ -82,10 +76,8 @@ TEST_F(LoginItemsTest, SwitchingOnWritesTheEntryAndOffRemovesIt)
 {
     EXPECT_EQ(jobs(), Jobs{});
     ASSERT_TRUE(items.setEnabled(starter, true));
-    EXPECT_EQ(Tests::contentOf(fileOf(starter)),
-              "[Desktop Entry]\nType=Application\nName=Starter\nExec=\"" + program + "\"\nTryExec=" + program + "\n");
-    EXPECT_EQ(jobs(), (Jobs{{starter, true}}));
     EXPECT_TRUE(items.setEnabled(starter, true));
+    EXPECT_EQ(jobs(), (Jobs{{starter, true}}));
 
     EXPECT_TRUE(items.setEnabled(starter, false));
     EXPECT_FALSE(fs::exists(fileOf(starter)));
@@ -108,12 +100,25 @@ TEST_F(LoginItemsTest, ReadsWhatOthersWroteAndRespectsTheirSwitches)
     EXPECT_EQ(items.jobDictionaries()->front().find("Label")->text()->c_str(), std::string("a.plain"));
 }
 
-TEST_F(LoginItemsTest, SwitchingOnMendsAnEntryAndKeepsForeignKeys)
+TEST_F(LoginItemsTest, SwitchingOnMendsAnEntryAndKeepsEveryForeignLine)
 {
-    writeEntry(starter, "# mine\n[Desktop Entry]\nName=Own name\nHidden=true\nExec=/gone\nX-Delay=5\n");
-    ASSERT_TRUE(items.setEnabled(starter, true));
-    EXPECT_EQ(Tests::contentOf(fileOf(starter)), "# mine\n[Desktop Entry]\nName=Own name\nExec=\"" + program +
-                                                     "\"\nX-Delay=5\nType=Application\nTryExec=" + program + "\n");
+    const std::string exec = "Exec=\"" + program + "\"\n", tryExec = "TryExec=" + program + "\n";
+    const std::string fresh = "[Desktop Entry]\nType=Application\nName=Starter\n" + exec + tryExec;
+    const std::pair<std::string, std::string> rows[] = {
+        {"", fresh},
+        {"# nothing\n", "# nothing\n" + fresh},
+        {"[Other]\nExec=a\n", "[Other]\nExec=a\n" + fresh},
+        {"# mine\n\n[Desktop Entry]\nName = Own name\nName[de]=Meins\nHidden=true\nExec=/gone\nX-Delay=a=b\n\n"
+         "[Desktop Action x]\nExec=y\n",
+         "# mine\n\n[Desktop Entry]\nName = Own name\nName[de]=Meins\n" + exec + "X-Delay=a=b\nType=Application\n" +
+             tryExec + "\n[Desktop Action x]\nExec=y\n"},
+    };
+    for (const auto& [before, after] : rows) {
+        writeEntry(starter, before);
+        ASSERT_TRUE(items.setEnabled(starter, true));
+        EXPECT_EQ(Tests::contentOf(fileOf(starter)), after);
+        EXPECT_EQ(services.loginItemService(starter)->status(), Status::enabled);
+    }
 }
 
 TEST_F(LoginItemsTest, RefusesWhatCannotBeAnEntry)
@@ -210,9 +215,8 @@ TEST_F(LoginItemsTest, StartersOfTheDesktopUnderstandTheEntryOfAnyPath)
     int number = 0;
     for (const std::string name : {"plain", "with space", "it's", "quo\"ted", "100%", "%u", "new\nline", "tab\t",
                                    "$HOME `x`", "back\\slash", "\xc3\xbc\xe6\x97\xa5"}) {
-        const std::string path = home / (name + "/Pellora.app");
-        const std::string started = writeBundle(path);
-        const Platform::Shared<Bundle>::Override other(Bundle::open(path));
+        const std::string started = writeBundle(name + "/Pellora.app");
+        const Platform::Shared<Bundle>::Override other(Bundle::open(home / (name + "/Pellora.app")));
         ASSERT_TRUE(items.setEnabled(starter, true)) << name;
         EXPECT_EQ(services.loginItemService(starter)->status(), Status::enabled);
 

@@ -1,37 +1,25 @@
-#include <functional>
-#include <string>
-#include <vector>
-
 #include <gtest/gtest.h>
 
 #include "platform/session/NotificationCenter.h"
+#include "tests/platform/session/Listener.h"
 
-using Platform::Notification;
 using Platform::NotificationCenter;
 using Platform::NotificationName;
+using Tests::Listener;
 
 namespace {
 
-struct Listener {
-    std::vector<std::string> heard;
-    std::function<void()> then = [] {};
-
-    void hear(const Notification& notification)
-    {
-        heard.push_back(notification.name.text());
-        const auto next = then;
-        next();
-    }
-};
-
 const NotificationName ready("ready");
-const NotificationName done("done");
 
 struct NotificationCenterTest : testing::Test {
-    NotificationCenter center;
+    std::unique_ptr<NotificationCenter> center = std::make_unique<NotificationCenter>();
     std::shared_ptr<Listener> listener = std::make_shared<Listener>();
     std::shared_ptr<Listener> other = std::make_shared<Listener>();
 
+    void listen(const std::shared_ptr<Listener>& observer, const std::shared_ptr<int>& sender = nullptr) const
+    {
+        center->addObserver({observer, &Listener::hear}, ready, sender);
+    }
     std::size_t heard() const { return listener->heard.size(); }
 };
 
@@ -39,76 +27,73 @@ struct NotificationCenterTest : testing::Test {
 
 TEST_F(NotificationCenterTest, ReachesWhoWantsTheNameAndTheSenderUntilRemoved)
 {
+    const NotificationName done("done");
     const auto sender = std::make_shared<int>(1);
     const auto stranger = std::make_shared<int>(1);
-    center.addObserver({listener, &Listener::hear}, ready);
-    center.addObserver({listener, &Listener::hear}, ready, sender);
-    center.addObserver({other, &Listener::hear}, ready, sender);
-    for (const auto& poster : {std::shared_ptr<int>(), stranger, sender}) center.post(ready, poster);
-    center.post(done, sender);
+    listen(listener);
+    listen(listener, sender);
+    listen(other, sender);
+    for (const auto& poster : {std::shared_ptr<int>(), stranger, sender}) center->post(ready, poster);
+    center->post(done, sender);
     EXPECT_EQ(heard(), 4u);
     EXPECT_EQ(other->heard.size(), 1u);
 
-    center.removeObserver(listener, done);
-    center.removeObserver(sender, ready);
-    center.post(ready, sender);
+    center->removeObserver(listener, done);
+    center->removeObserver(sender, ready);
+    center->post(ready, sender);
     EXPECT_EQ(heard(), 6u);
-    center.removeObserver(listener, ready);
-    center.post(ready, sender);
+    center->removeObserver(listener, ready);
+    center->post(ready, sender);
     EXPECT_EQ(heard(), 6u);
 }
 
 TEST_F(NotificationCenterTest, ObserverMayRemoveEverybodyAndEndTheCentreInsideItsCall)
 {
-    auto ending = std::make_unique<NotificationCenter>();
     listener->then = [&] {
-        ending->removeObserver(other, ready);
-        ending.reset();
+        for (const auto& observer : {listener, other}) center->removeObserver(observer, ready);
+        center.reset();
     };
-    ending->addObserver({listener, &Listener::hear}, ready);
-    ending->addObserver({other, &Listener::hear}, ready);
-
-    ending->post(ready);
-
-    EXPECT_EQ(heard(), 1u);
+    for (const auto& observer : {listener, listener, other}) listen(observer);
+    center->post(ready);
+    EXPECT_EQ(heard(), 1u) << "its second registration ended inside the first call";
     EXPECT_TRUE(other->heard.empty());
 }
 
 TEST_F(NotificationCenterTest, WhatAnOperationHeldMayUseTheCentreAsItGoes)
 {
     int ended = 0;
-    const auto listen = [&] {
+    const auto listenHolding = [&] {
         const std::shared_ptr<void> held(nullptr, [&](void*) {
-            center.removeObserver(other, ready);
+            center->removeObserver(other, ready);
             ++ended;
         });
-        center.addObserver({listener, [held](Listener&) {}}, ready);
+        center->addObserver({listener, [held](Listener&) {}}, ready);
     };
-    listen();
-    center.removeObserver(listener, ready);
+    listenHolding();
+    center->removeObserver(listener, ready);
     EXPECT_EQ(ended, 1);
-    listen();
+    listenHolding();
     listener.reset();
-    center.post(ready);
+    center->post(ready);
     EXPECT_EQ(ended, 2);
     listener = std::make_shared<Listener>();
-    listen();
+    listenHolding();
     listener.reset();
-    center.addObserver({other, &Listener::hear}, ready);
+    listen(other);
     EXPECT_EQ(ended, 3);
 }
 
 TEST_F(NotificationCenterTest, LetsGoOfObserversAndSenders)
 {
     auto sender = std::make_shared<int>();
-    center.addObserver({other, &Listener::hear}, ready, sender);
+    listen(other, sender);
     sender.reset();
-    center.post(ready);
+    center->post(ready);
     EXPECT_TRUE(other->heard.empty());
 
     const std::weak_ptr<Listener> observed = listener;
-    center.addObserver({listener, &Listener::hear}, ready);
+    listen(listener);
     listener.reset();
     EXPECT_TRUE(observed.expired());
-    center.post(ready);
+    center->post(ready);
 }

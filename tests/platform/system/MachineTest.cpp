@@ -1,8 +1,4 @@
-#include <algorithm>
 #include <filesystem>
-#include <iterator>
-#include <string>
-#include <vector>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -41,12 +37,12 @@ protected:
     {
         const std::string zone = "sys/class/thermal/" + name + "/";
         root.write(zone + "temp", temperature);
-        const std::vector<std::pair<const char*, const char*>> points{
-            {"active", "50000\n"}, {"passive", "70000\n"}, {"critical", "100000\n"}};
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            const std::string point = zone + "trip_point_" + std::to_string(i);
-            root.write(point + "_type", points[i].first + "\n"s);
-            root.write(point + "_temp", points[i].second);
+        int count = 0;
+        for (const auto& [type, limit] :
+             {std::pair{"active\n", "50000\n"}, {"passive\n", "70000\n"}, {"critical\n", "100000\n"}}) {
+            const std::string point = zone + "trip_point_" + std::to_string(count++);
+            root.write(point + "_type", type);
+            root.write(point + "_temp", limit);
         }
     }
 };
@@ -100,22 +96,18 @@ TEST_F(MachineTest, VariablesHaveTheShapeOfTheirKindOrAreAbsent)
 
 TEST_F(MachineTest, CountsProcessorsOfAnyMachine)
 {
-    struct Case {
-        int logical;
-        int threadsPerCore;
-    };
-    for (const Case item : {Case{1, 1}, {8, 2}, {256, 4}, {4096, 0}}) {
-        SCOPED_TRACE(item.logical);
-        if (item.threadsPerCore == 0) root.write("sys/devices/system/cpu/cpu0/topology/thread_siblings_list", "");
-        writeProcessors(item.logical, item.threadsPerCore);  // none: no topology, as in some containers
-        const auto cores = static_cast<std::uint32_t>(item.logical / std::max(item.threadsPerCore, 1));
-        EXPECT_EQ(Kernel::shared().variable("hw.logicalcpu"), number(static_cast<std::uint32_t>(item.logical)));
-        EXPECT_EQ(Kernel::shared().variable("hw.physicalcpu"), number(cores));
-        EXPECT_EQ(ProcessInfo::shared().activeProcessorCount(), item.logical);
-        EXPECT_EQ(Kernel::shared().hostBasicInfo().physical_cpu, static_cast<std::int32_t>(cores));
-        root.write("sys/devices/system/cpu/present", "0-" + std::to_string(item.logical));
-        EXPECT_EQ(Kernel::shared().hostBasicInfo().max_cpus, item.logical + 1);
-        EXPECT_EQ(Kernel::shared().hostBasicInfo().avail_cpus, item.logical);
+    for (const auto& [logical, threadsPerCore] : {std::pair{1, 1}, {8, 2}, {256, 4}, {4096, 0}}) {
+        SCOPED_TRACE(logical);
+        if (threadsPerCore == 0) root.write("sys/devices/system/cpu/cpu0/topology/thread_siblings_list", "");
+        writeProcessors(logical, threadsPerCore);  // none: no topology, as in some containers
+        const int cores = logical / std::max(threadsPerCore, 1);
+        EXPECT_EQ(Kernel::shared().variable("hw.logicalcpu"), number(static_cast<std::uint32_t>(logical)));
+        EXPECT_EQ(Kernel::shared().variable("hw.physicalcpu"), number(static_cast<std::uint32_t>(cores)));
+        EXPECT_EQ(ProcessInfo::shared().activeProcessorCount(), logical);
+        root.write("sys/devices/system/cpu/present", "0-" + std::to_string(logical));
+        const auto info = Kernel::shared().hostBasicInfo();
+        EXPECT_EQ(std::tuple(info.physical_cpu, info.max_cpus, info.avail_cpus),
+                  std::tuple(cores, logical + 1, logical));
     }
 }
 
@@ -135,18 +127,14 @@ TEST_F(MachineTest, CountsProcessorsWithoutListsAndWithBrokenOnes)
 TEST_F(MachineTest, ThermalStateIsThatOfTheWorstZone)
 {
     EXPECT_EQ(ProcessInfo::shared().thermalState(), ThermalState::nominal);
-    struct Case {
-        const char* temperature;
-        ThermalState state;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, ThermalState> cases[] = {
         {"49999\n", ThermalState::nominal}, {"50000\n", ThermalState::fair},  {"80000\n", ThermalState::serious},
         {"100000", ThermalState::critical}, {"a lot", ThermalState::nominal}, {"", ThermalState::nominal},
     };
     writeZone("thermal_zone0", "20000\n");
-    for (const Case& item : cases) {
-        writeZone("thermal_zone1", item.temperature);
-        EXPECT_EQ(ProcessInfo::shared().thermalState(), item.state) << item.temperature;
+    for (const auto& [temperature, state] : cases) {
+        writeZone("thermal_zone1", temperature);
+        EXPECT_EQ(ProcessInfo::shared().thermalState(), state) << temperature;
     }
 }
 
@@ -163,9 +151,7 @@ TEST_F(MachineTest, ASensorThatBlocksLeavesTheOthersToAnswer)
     for (int i = 0; i < 20; ++i) EXPECT_EQ(ProcessInfo::shared().thermalState(), ThermalState::serious);
     EXPECT_LT(threadCount(), threads + 10);  // one waits, however often it is asked
 
-    {
-        const FileDescriptor release(::open(stuck.c_str(), O_RDWR | O_CLOEXEC));
-    }
+    FileDescriptor(::open(stuck.c_str(), O_RDWR | O_CLOEXEC)).reset();
     ::unlink(stuck.c_str());
     writeZone("thermal_zone1", "100000");
     EXPECT_TRUE(Tests::eventually([] { return ProcessInfo::shared().thermalState() == ThermalState::critical; }));

@@ -1,6 +1,5 @@
 #include "tests/support/http/HttpServer.h"
 
-#include <optional>
 #include <stdexcept>
 
 #include <arpa/inet.h>
@@ -13,19 +12,13 @@ namespace Tests {
 
 namespace {
 
-std::string lowered(std::string_view text)
-{
-    std::string lower(text);
-    for (char& c : lower) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
-    return lower;
-}
-
 // The request at the front of the bytes, taken off them; absent when not whole.
 std::optional<HttpRequest> takeRequest(std::string& bytes)
 {
     const std::size_t end = bytes.find("\r\n\r\n");
     if (end == std::string::npos) return std::nullopt;
     HttpRequest request;
+    std::size_t size = 0;
     const std::size_t first = bytes.find("\r\n");
     const std::string line = bytes.substr(0, first);
     request.method = line.substr(0, line.find(' '));
@@ -35,11 +28,10 @@ std::optional<HttpRequest> takeRequest(std::string& bytes)
         const std::string field = bytes.substr(at, next - at);
         const std::size_t colon = field.find(':');
         const std::size_t value = std::min(field.find_first_not_of(' ', colon + 1), field.size());
-        request.headers.emplace_back(field.substr(0, colon), field.substr(value));
+        const auto& header = request.headers.emplace_back(field.substr(0, colon), field.substr(value));
+        if (header.first == "Content-Length") size = std::stoul(header.second);
         at = next + 2;
     }
-    const std::string length = request.values("content-length");
-    const std::size_t size = length.empty() ? 0 : std::stoul(length);
     if (bytes.size() < end + 4 + size) return std::nullopt;
     request.body = bytes.substr(end + 4, size);
     bytes.erase(0, end + 4 + size);
@@ -47,15 +39,6 @@ std::optional<HttpRequest> takeRequest(std::string& bytes)
 }
 
 }  // namespace
-
-std::string HttpRequest::values(std::string_view name) const
-{
-    std::string joined;
-    for (const auto& [known, value] : headers) {
-        if (lowered(known) == lowered(name)) joined += (joined.empty() ? "" : "|") + value;
-    }
-    return joined;
-}
 
 bool HttpConnection::answer(int status, std::string_view body, const std::string& headerLines)
 {
@@ -71,7 +54,7 @@ public:
 
     bool startTls(const TlsIdentity& identity)
     {
-        tls_.reset(SSL_new(identity.context()));
+        tls_.reset(SSL_new(identity.context()), SSL_free);
         SSL_set_fd(tls_.get(), descriptor_.get());
         return SSL_accept(tls_.get()) == 1;
     }
@@ -105,11 +88,8 @@ public:
     void shutDown() const { ::shutdown(descriptor_.get(), SHUT_RDWR); }
 
 private:
-    struct TlsDeleter {
-        void operator()(SSL* tls) const { SSL_free(tls); }
-    };
     Platform::FileDescriptor descriptor_;
-    std::unique_ptr<SSL, TlsDeleter> tls_;
+    std::shared_ptr<SSL> tls_;
 };
 
 HttpServer::HttpServer(Handler handler, const TlsIdentity* identity)

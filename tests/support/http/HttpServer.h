@@ -1,14 +1,8 @@
 #pragma once
 
 #include <atomic>
-#include <functional>
 #include <list>
-#include <memory>
-#include <string>
-#include <string_view>
 #include <thread>
-#include <utility>
-#include <vector>
 
 #include "platform/runtime/FileDescriptor.h"
 #include "tests/support/http/TlsIdentity.h"
@@ -21,9 +15,6 @@ struct HttpRequest {
     std::string target;
     std::vector<std::pair<std::string, std::string>> headers;
     std::string body;
-
-    // The values of the name, joined by "|".
-    std::string values(std::string_view name) const;
 };
 
 // A server's end of one connection.

@@ -1,7 +1,8 @@
 #pragma once
 
 #include <memory>
-#include <string>
+
+#include "tests/support/TemporaryDirectory.h"
 
 struct ssl_ctx_st;
 
@@ -12,20 +13,15 @@ namespace Tests {
 class TlsIdentity {
 public:
     TlsIdentity();
-    ~TlsIdentity();
-    TlsIdentity(const TlsIdentity&) = delete;
-    TlsIdentity& operator=(const TlsIdentity&) = delete;
 
-    // What a client has to trust.
-    const std::string& certificatePem() const { return pem_; }
+    // The file that a client has to trust.
+    const std::string& certificate() const { return certificate_; }
     ssl_ctx_st* context() const { return context_.get(); }
 
 private:
-    struct Deleter {
-        void operator()(ssl_ctx_st* context) const;
-    };
-    std::unique_ptr<ssl_ctx_st, Deleter> context_;
-    std::string pem_;
+    TemporaryDirectory folder_;
+    std::string certificate_ = folder_ / "certificate.pem";
+    std::shared_ptr<ssl_ctx_st> context_;
 };
 
 }  // namespace Tests

@@ -3,7 +3,6 @@
 // without cleaning up.
 
 #include <chrono>
-#include <string>
 #include <thread>
 
 #include <unistd.h>
