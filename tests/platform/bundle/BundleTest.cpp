@@ -1,5 +1,6 @@
+#include <filesystem>
+
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include "platform/bundle/Bundle.h"
 #include "platform/runtime/Shared.h"
@@ -41,18 +42,20 @@ protected:
 
 }  // namespace
 
-TEST_F(BundleTest, AnswersFromItsInformationDictionary)
+TEST_F(BundleTest, AnswersFromItsInformationDictionaryInBothForms)
 {
-    const std::string path =
-        makeBundle("A b'\"%41\né.app",
-                   plist({{"CFBundleIdentifier", "org.example.a"}, {"CFBundleExecutable", "run me"}, {"Count", 3}}));
-    const auto bundle = Bundle::open(path + "/");
-    EXPECT_EQ(bundle->bundlePath(), path);
-    EXPECT_EQ(bundle->bundleIdentifier(), "org.example.a");
-    EXPECT_EQ(bundle->executablePath(), path + "/Contents/MacOS/run me");
-    EXPECT_EQ(bundle->objectForInfoDictionaryKey("Count"), PropertyList(3));
-    EXPECT_FALSE(bundle->objectForInfoDictionaryKey("Missing"));
-    EXPECT_EQ(bundle->resourcePath(), path + "/Contents/Resources");
+    const PropertyList info = PropertyList::Dictionary{
+        {"CFBundleIdentifier", "org.example.a"}, {"CFBundleExecutable", "run me"}, {"Count", 3}};
+    for (const auto& form : {info.xml(), info.binary()}) {
+        const std::string path = makeBundle("A b'\"%41\né.app", *form);
+        const auto bundle = Bundle::open(path + "/");
+        EXPECT_EQ(bundle->bundlePath(), path);
+        EXPECT_EQ(bundle->bundleIdentifier(), "org.example.a");
+        EXPECT_EQ(bundle->executablePath(), path + "/Contents/MacOS/run me");
+        EXPECT_EQ(bundle->objectForInfoDictionaryKey("Count"), PropertyList(3));
+        EXPECT_FALSE(bundle->objectForInfoDictionaryKey("Missing"));
+        EXPECT_EQ(bundle->resourcePath(), path + "/Contents/Resources");
+    }
 }
 
 TEST_F(BundleTest, UnusableInformationReadsAsNone)
@@ -60,15 +63,11 @@ TEST_F(BundleTest, UnusableInformationReadsAsNone)
     std::string deep = "<plist version=\"1.0\">";
     for (int i = 0; i < 200000; ++i) deep += "<array>";
     const std::string good = plist({{"CFBundleIdentifier", "x"}, {"CFBundleExecutable", "x"}});
-    const std::vector<std::string> cases{
-        "",
-        good.substr(0, good.size() / 2),
-        deep,
-        *PropertyList(PropertyList::Array{"CFBundleIdentifier"}).binary(),
-        plist({{"CFBundleIdentifier", 5}, {"CFBundleExecutable", PropertyList::Array{}}}),
-        plist({{"CFBundleIdentifier", ""}, {"CFBundleExecutable", "../../../bin/sh"}}),
-    };
-    for (const auto& info : cases) {
+    for (const auto& info :
+         std::vector<std::string>{"", good.substr(0, good.size() / 2), deep,
+                                  *PropertyList(PropertyList::Array{"CFBundleIdentifier"}).binary(),
+                                  plist({{"CFBundleIdentifier", 5}, {"CFBundleExecutable", PropertyList::Array{}}}),
+                                  plist({{"CFBundleIdentifier", ""}, {"CFBundleExecutable", "../../../bin/sh"}})}) {
         const auto bundle = Bundle::open(makeBundle("Bad.app", info));
         EXPECT_FALSE(bundle->bundleIdentifier()) << info.substr(0, 80);
         EXPECT_FALSE(bundle->executablePath()) << info.substr(0, 80);
@@ -78,19 +77,9 @@ TEST_F(BundleTest, UnusableInformationReadsAsNone)
     EXPECT_FALSE(Bundle::open(folder.write("File.app", "x")));
 }
 
-TEST_F(BundleTest, ReadsABinaryInformationDictionary)
-{
-    const PropertyList info = PropertyList::Dictionary{{"CFBundleIdentifier", "org.example.binary"}};
-    EXPECT_EQ(Bundle::open(makeBundle("B.app", *info.binary()))->bundleIdentifier(), "org.example.binary");
-}
-
 TEST_F(BundleTest, TheUsersLanguageComesFirst)
 {
-    struct Case {
-        std::vector<std::pair<std::string, std::string>> variables;
-        std::string language;
-    };
-    const std::vector<Case> cases{
+    const std::pair<std::map<std::string, std::string>, std::string> cases[] = {
         {{}, "en"},
         {{{"LANG", "C"}}, "en"},
         {{{"LANG", "de_DE.UTF-8"}}, "de"},
@@ -134,8 +123,9 @@ TEST_F(BundleTest, ResourcesOfBothLayouts)
     const auto flat = Bundle::open(folder / "Flat.bundle");
     EXPECT_EQ(flat->urlForResource("a", ".json")->path(), folder / "Flat.bundle/a.json");
     EXPECT_EQ(flat->urlForResource("sub/b", "")->path(), folder / "Flat.bundle/sub/b");
-    EXPECT_TRUE(Bundle::open(folder / "Half.bundle")->urlForResource("a", "json"));
-    EXPECT_EQ(Bundle::open(folder / "Half.bundle")->bundleIdentifier(), "half");
+    const auto half = Bundle::open(folder / "Half.bundle");
+    EXPECT_TRUE(half->urlForResource("a", "json"));
+    EXPECT_EQ(half->bundleIdentifier(), "half");
     for (const char* name : {"", "missing", "../Deep.app/Contents/Resources/a", "/etc/passwd"}) {
         EXPECT_FALSE(flat->urlForResource(name, "")) << name;
     }
@@ -143,34 +133,21 @@ TEST_F(BundleTest, ResourcesOfBothLayouts)
 
 TEST_F(BundleTest, MainIsTheInnermostFolderAroundTheProgram)
 {
-    struct Case {
-        const char* program;
-        const char* bundle;
-    };
     const Tests::ReplacedSystemRoots roots(folder.path());
     folder.makeFolder("proc/self");
     for (const auto& [program, bundle] : {
-             Case{"/A.app/Contents/MacOS/a", "/A.app"},
-             Case{"/A.app/Contents/Library/LoginItems/B.app/Contents/MacOS/b",
-                  "/A.app/Contents/Library/LoginItems/B.app"},
-             Case{"/A.app/Contents/MacOS/gone (deleted)", "/A.app"},
-             Case{"/usr/bin/plain", "/usr/bin"},
-             Case{"/init", "/"},
+             std::pair{"/A.app/Contents/MacOS/a", "/A.app"},
+             {"/A.app/Contents/Library/LoginItems/B.app/Contents/MacOS/b", "/A.app/Contents/Library/LoginItems/B.app"},
+             {"/A.app/Contents/MacOS/gone (deleted)", "/A.app"},
+             {"/usr/bin/plain", "/usr/bin"},
+             {"/init", "/"},
          }) {
-        const std::string link = folder / "proc/self/exe";
-        ::unlink(link.c_str());
-        ASSERT_EQ(::symlink(program, link.c_str()), 0);
+        std::filesystem::remove(folder / "proc/self/exe");
+        std::filesystem::create_symlink(program, folder / "proc/self/exe");
         const Platform::Shared<Bundle>::Override fresh;
         EXPECT_EQ(Bundle::main().bundlePath(), bundle);
         EXPECT_EQ(Bundle::main().executablePath(), std::string(program).substr(0, std::string(program).find(" (")));
     }
-}
-
-TEST(BundleMain, OutsideAnyBundleIsTheFolderOfTheExecutable)
-{
-    const std::string executable = Bundle::main().executablePath().value_or("");
-    EXPECT_EQ(::access(executable.c_str(), X_OK), 0);
-    EXPECT_EQ(executable.substr(0, executable.rfind('/')), Bundle::main().bundlePath());
 }
 
 TEST(Package, EndingsDecideInAnyLetterCase)

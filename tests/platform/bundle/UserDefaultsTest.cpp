@@ -1,9 +1,6 @@
-#include <algorithm>
 #include <csignal>
 #include <filesystem>
-#include <fstream>
-#include <functional>
-#include <string>
+#include <list>
 
 #include <gtest/gtest.h>
 #include <sched.h>
@@ -192,62 +189,38 @@ TEST_F(UserDefaultsTest, DamagedFileIsKeptAsideAndTold)
 
 TEST_F(UserDefaultsTest, WritersInSeveralProcessesLoseNoKey)
 {
-    std::vector<std::unique_ptr<Fork>> writers;
-    constexpr int writerCount = 4;
-    constexpr int keyCount = 50;
-    for (int writer = 0; writer < writerCount; ++writer) {
-        writers.push_back(std::make_unique<Fork>([&] {
+    std::list<Fork> writers;
+    for (const std::string writer : {"a", "b", "c", "d"}) {
+        writers.emplace_back([&] {
             const auto defaults = open();
-            for (int i = 0; i < keyCount; ++i) defaults->set(std::to_string(writer) + "-" + std::to_string(i), i);
+            for (int i = 0; i < 50; ++i) defaults->set(writer + std::to_string(i), i);
             return 0;
-        }));
+        });
     }
-    for (auto& writer : writers) EXPECT_EQ(writer->wait(), 0);
-    EXPECT_EQ(open()->keys().size(), static_cast<std::size_t>(writerCount * keyCount));
+    for (auto& writer : writers) EXPECT_EQ(writer.wait(), 0);
+    EXPECT_EQ(open()->keys().size(), 200u);
     EXPECT_EQ(log->messages(), std::vector<std::string>());
 }
 
-TEST_F(UserDefaultsTest, ForeignKeysAndValuesStay)
+TEST_F(UserDefaultsTest, ForeignValuesStayAndOneThatCannotBeStoredHindersNoOther)
 {
     const PropertyList::Dictionary inner = {{"deep", PropertyList::Array{1.5, true}}};
     const auto xml = PropertyList(PropertyList::Dictionary{{"newer", inner}, {"count", 1}}).xml();
     home.write(".config/user-defaults/org.example.suite.plist", *xml);
-    open()->set("count", 2);
-    EXPECT_EQ(open()->value("newer"), PropertyList(inner));
-    EXPECT_EQ(open()->integer("count"), 2);
-}
-
-TEST_F(UserDefaultsTest, ValueThatCannotBeStoredDoesNotHinderTheOthers)
-{
     const auto defaults = open();
     defaults->set("bad", std::string("\xff\xfe"));
-    defaults->set("good", 1);
+    defaults->set("count", 2);
     EXPECT_EQ(log->count("\"bad\" cannot be stored"), 1u);
-    EXPECT_EQ(open()->keys(), std::vector<std::string>{"good"});
-}
-
-bool tell(const char* file, const std::string& text)
-{
-    return static_cast<bool>(std::ofstream(file) << text << std::flush);
-}
-
-// Another space of mounts. An account without the right to one gets it in a space of accounts of its own, which has
-// to know the account and its group: else no file can be made there.
-bool ownMounts()
-{
-    const auto itself = [](unsigned id) { return std::to_string(id) + " " + std::to_string(id) + " 1"; };
-    const unsigned user = ::geteuid();
-    const unsigned group = ::getegid();
-    if (user == 0) return ::unshare(CLONE_NEWNS) == 0;
-    return ::unshare(CLONE_NEWNS | CLONE_NEWUSER) == 0 && tell("/proc/self/setgroups", "deny") &&
-           tell("/proc/self/uid_map", itself(user)) && tell("/proc/self/gid_map", itself(group));
+    EXPECT_EQ(open()->value("newer"), PropertyList(inner));
+    EXPECT_EQ(open()->integer("count"), 2);
+    EXPECT_EQ(open()->keys().size(), 2u);
 }
 
 // A disk of 128 KB where this process may mount one, else a limit on file sizes.
 void fillDisk(const std::string& folder)
 {
     std::filesystem::create_directories(folder);
-    if (ownMounts() && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+    if (::unshare(CLONE_NEWNS) == 0 && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
         ::mount("none", folder.c_str(), "tmpfs", 0, "size=128k") == 0) {
         return;
     }

@@ -46,14 +46,3 @@ TEST(Inflate, AnswersAbsenceForEveryCutAndForDamage)
     EXPECT_FALSE(inflate(damaged, Wrapper::none));
     EXPECT_FALSE(inflate(stream, Wrapper::zlibOrGzip));
 }
-
-TEST(Inflate, EndsABombAtItsCap)
-{
-    constexpr std::size_t size = 3'000'000;
-    const Data bomb = *deflate(made(size, Content::zeros));
-    EXPECT_LT(bomb.size(), 4'000u);
-    EXPECT_FALSE(inflate(bomb, Wrapper::none, size - 1));
-    EXPECT_FALSE(inflate(bomb, Wrapper::none, 100));
-    EXPECT_EQ(inflate(bomb, Wrapper::none, size).value_or(Data()).size(), size);
-    EXPECT_EQ(inflate(bomb, Wrapper::none, size + 1).value_or(Data()).size(), size);
-}

@@ -103,21 +103,6 @@ TEST_F(FileSystemEventsTest, SubscriptionOutlivesTheService)
     watched.cancel();
 }
 
-TEST_F(FileSystemEventsTest, TooManyEventsAreToldAsLost)
-{
-    const std::string a = folder.write("a", "");
-    const Subscription watched = gather(a);
-    const FileDescriptor file(::open(a.c_str(), O_WRONLY));
-    // Unlike neighbours, so that the kernel merges none; its queue holds 16,384.
-    for (int i = 0; i < 20'000; ++i) {
-        ASSERT_EQ(::write(file.get(), "x", 1), 1);
-        ::fchmod(file.get(), 0600 + i % 2);
-    }
-    RunLoop::main().drain();
-    ASSERT_FALSE(seen.empty());
-    EXPECT_TRUE(contains(seen.back(), FileEvents::lost));
-}
-
 TEST_F(FileSystemEventsTest, WhatCannotBeWatchedIsAnErrorWithItsReason)
 {
     const auto watched = FileSystemEvents::shared().watch(-1, [](FileEvents) {});

@@ -14,19 +14,17 @@ constexpr std::int64_t highest = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t lowest = std::numeric_limits<std::int64_t>::min();
 constexpr std::uint64_t highestUnsigned = std::numeric_limits<std::uint64_t>::max();
 
-struct Reading {
-    const char* name;
-    Number number;
-    char typeCode;
-    std::int64_t asSigned;
-    std::uint64_t asUnsigned;
-};
-
 }  // namespace
 
 TEST(Number, RemembersItsTypeAndReadsBackWhole)
 {
-    const Reading readings[] = {
+    const struct {
+        const char* name;
+        Number number;
+        char typeCode;
+        std::int64_t asSigned;
+        std::uint64_t asUnsigned;
+    } readings[] = {
         {"bool", true, 'c', 1, 1},
         {"Int8", static_cast<signed char>(-5), 'c', -5, highestUnsigned - 4},
         {"Int16", static_cast<short>(300), 's', 300, 300},
@@ -45,7 +43,7 @@ TEST(Number, RemembersItsTypeAndReadsBackWhole)
         {"below all", -1e30, 'd', lowest, 1ULL << 63},
         {"CGFloat", CGFloat(0.5), 'd', 0, 0},
     };
-    for (const Reading& reading : readings) {
+    for (const auto& reading : readings) {
         SCOPED_TRACE(reading.name);
         EXPECT_EQ(reading.number.typeCode(), reading.typeCode);
         EXPECT_EQ(reading.number.int64Value(), reading.asSigned);

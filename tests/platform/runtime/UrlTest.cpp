@@ -6,15 +6,11 @@ using Platform::Url;
 
 TEST(Url, FileLocationsGiveTheirParts)
 {
-    struct Case {
+    const struct {
         const char* path;
         bool isDirectory;
-        const char* text;
-        const char* last;
-        const char* extension;
-        const char* parent;
-    };
-    const Case cases[] = {
+        const char *text, *last, *extension, *parent;
+    } cases[] = {
         {"/a/b.txt", false, "file:///a/b.txt", "b.txt", "txt", "/a"},
         {"/a/App 1.app//", true, "file:///a/App%201.app/", "App 1.app", "app", "/a"},
         {"/", true, "file:///", "/", "", "/"},
@@ -22,7 +18,7 @@ TEST(Url, FileLocationsGiveTheirParts)
         {"/a/.hidden", false, "file:///a/.hidden", ".hidden", "", "/a"},
         {"/a/tail.", false, "file:///a/tail.", "tail.", "", "/a"},
     };
-    for (const Case& item : cases) {
+    for (const auto& item : cases) {
         SCOPED_TRACE(item.path);
         const Url url = Url::fromPath(item.path, item.isDirectory);
         EXPECT_EQ(url.absoluteString(), item.text);

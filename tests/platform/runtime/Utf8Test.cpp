@@ -1,17 +1,11 @@
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include "platform/runtime/Utf8.h"
 
 TEST(Utf8, TellsWellFormedTextAndRepairsTheRest)
 {
-    struct Case {
-        std::string text;
-        std::string repaired;
-    };
     const std::string mark = "\xEF\xBF\xBD";
-    const Case cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"", ""},
         {std::string("a\0b", 3), std::string("a\0b", 3)},
         {"\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF",
@@ -23,8 +17,8 @@ TEST(Utf8, TellsWellFormedTextAndRepairsTheRest)
         {"\x80y\xFFz", mark + "y" + mark + "z"},          // stray bytes
         {"\xC3(", mark + "("},
     };
-    for (const Case& item : cases) {
-        EXPECT_EQ(Platform::repairedUtf8(item.text), item.repaired);
-        EXPECT_EQ(Platform::isUtf8(item.text), item.text == item.repaired);
+    for (const auto& [text, repaired] : cases) {
+        EXPECT_EQ(Platform::repairedUtf8(text), repaired);
+        EXPECT_EQ(Platform::isUtf8(text), text == repaired);
     }
 }
