@@ -1,5 +1,4 @@
 // Runs a fuzz target over the files of the folders named as arguments.
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>

@@ -1,7 +1,3 @@
-#include <cmath>
-#include <memory>
-#include <string_view>
-
 #include "Fennick/Date.h"
 #include "platform/runtime/Clock.h"
 #include "platform/runtime/Shared.h"

@@ -1,6 +1,4 @@
 #include <algorithm>
-#include <string>
-#include <utility>
 
 #include "Fennick/Version.h"
 #include "tests/fuzz/Fuzz.h"

@@ -1,6 +1,5 @@
 #include <charconv>
 #include <cmath>
-#include <limits>
 #include <random>
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
 #include <cmath>
-#include <cstdint>
 
 #include <gtest/gtest.h>
 
