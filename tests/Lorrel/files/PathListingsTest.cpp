@@ -111,28 +111,21 @@ TEST_F(PathListingsTest, NestedCountLeavesOutTheTopLinksAndTheLibrary)
     EXPECT_EQ(Path::nestedCount(folder.url(), true), 3);
 }
 
-TEST_F(PathListingsTest, LibraryOfTheAccountIsLeftOutOnRequest)
+TEST_F(PathListingsTest, LibraryOfTheAccountAndContainersOfTheSystemAreLeftOutOnRequest)
 {
-    folder.makeFolder("Library/Caches");
+    Tests::ReplacedEnvironment environment("/Users/alice/Library/Containers/com.example.app/Data");
+    for (const auto* name : {"com.apple.mail", "com.apple", "org.example.app"}) {
+        folder.makeFolder("Library/Containers/" + std::string(name));
+    }
     folder.makeFolder("Other/Library");
     Tests::ReplacedFileManager files;
     files->graft("/Users/alice", folder.path());
     const Url home = Url::fromPath("/Users/alice", true);
     EXPECT_EQ(Path::contents(home, true, false).size(), 2u);
     EXPECT_EQ(Path::contents(home, true, true).size(), 1u);
-    EXPECT_EQ(Path::subfolders(home, false).size(), 4u);
+    EXPECT_EQ(Path::subfolders(home, false).size(), 7u);
     EXPECT_EQ(Path::subfolders(home, true).size(), 2u);
     EXPECT_EQ(Path::nestedCount(home, true), 1);
-}
-
-TEST_F(PathListingsTest, ContainersOfTheSystemAreLeftOutOnRequest)
-{
-    Tests::ReplacedEnvironment environment("/Users/alice/Library/Containers/com.example.app/Data");
-    Tests::ReplacedFileManager files;
-    files->graft("/Users/alice", folder.path());
-    for (const auto* name : {"com.apple.mail", "com.apple", "org.example.app"}) {
-        folder.makeFolder("Library/Containers/" + std::string(name));
-    }
     EXPECT_EQ(Path::containers(false).size(), 3u);
     EXPECT_EQ(Path::containers(true).size(), 2u);
 }

@@ -81,7 +81,7 @@ TEST(HierarchicalColor, IsForSymbolsFromVersionTwelveOn)
 
 TEST(PngData, ReadsBackAndIsWrittenOrLogged)
 {
-    const auto image = Tests::imageOf({{red, 0x80402010}});
+    const auto image = Tests::imageOf({{red, 0x80402010}, {0, 0xff123456}});
     EXPECT_EQ(Tests::rowsOf(decodeImage(*Lorrel::pngData(image))), Tests::rowsOf(image));
     EXPECT_FALSE(Lorrel::pngData(Lorrel::emptyImage()));
     EXPECT_EQ(Lorrel::emptyImage(), Lorrel::emptyImage());

@@ -12,7 +12,6 @@ using Tests::runOnDisplay;
 TEST(KeyboardLayout, AnsiTableTellsLettersFromKeysThatWriteNothingAndFromNoKeys)
 {
     const AnsiKeyboardLayout layout;
-    EXPECT_EQ(layout.character(0), "a");
     EXPECT_EQ(layout.character(50), "`");
     EXPECT_EQ(layout.character(122), "");
     EXPECT_EQ(layout.character(200), std::nullopt);

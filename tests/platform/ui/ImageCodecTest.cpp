@@ -48,15 +48,6 @@ std::string packedColors(int side, char red, char green, char blue)
     return packedPlane(red, side * side) + packedPlane(green, side * side) + packedPlane(blue, side * side);
 }
 
-TEST(ImageCodec, PngKeepsEveryPixel)
-{
-    const Bitmap bitmap = Tests::bitmapOf({{0xff123456, 0}, {0x80800000, 0xffffffff}});
-    const auto png = encodePng(bitmap);
-    ASSERT_TRUE(png);
-    EXPECT_EQ(Tests::rowsOf(decodeImage(*png)), Tests::rowsOf(bitmap));
-    EXPECT_FALSE(encodePng(Bitmap()));
-}
-
 TEST(ImageCodec, KnowsTheUsualKinds)
 {
     for (const char* format : {"png", "jpg", "bmp", "ppm", "tiff", "webp", "ico"}) {

@@ -1,23 +1,19 @@
 // Dialogs on a real display, answered by pointer and keys from outside.
 #include <QAbstractItemView>
-#include <QApplication>
-#include <QDialog>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QScreen>
 
 #include <gtest/gtest.h>
 
 #include "platform/runtime/RunLoop.h"
-#include "platform/runtime/Timer.h"
-#include "platform/ui/dialogs/AlertPanel.h"
 #include "platform/ui/internal/QtOpenPanel.h"
 #include "platform/ui/views/Window.h"
+#include "tests/platform/ui/DialogDriver.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/Display.h"
 #include "tests/support/TemporaryDirectory.h"
 
 using namespace Platform;
+using Tests::button;
 
 // The font library keeps a pattern to itself at the end of the process, the
 // toolkit's accessibility a message of the bus library.
@@ -50,23 +46,18 @@ protected:
         });
     }
 
-    static std::vector<std::string> click(const QWidget& widget)
+    // Without a window manager keys go to the window under the pointer.
+    static std::vector<std::string> moveTo(const QWidget& widget, std::vector<std::string> then)
     {
         const QPoint place = widget.mapToGlobal(widget.rect().center());
-        return {"mousemove", std::to_string(place.x()), std::to_string(place.y()), "click", "1"};
+        then.insert(then.begin(), {"mousemove", std::to_string(place.x()), std::to_string(place.y())});
+        return then;
     }
-    // Without a window manager keys go to the window under the pointer.
+    static std::vector<std::string> click(const QWidget& widget) { return moveTo(widget, {"click", "1"}); }
     static std::vector<std::string> type(const QWidget& widget, const std::string& text)
     {
-        const QPoint place = widget.mapToGlobal(widget.rect().center());
-        return {"mousemove", std::to_string(place.x()), std::to_string(place.y()), "type", "--args", "1", text, "key",
-                "Return"};
+        return moveTo(widget, {"type", "--args", "1", text, "key", "Return"});
     }
-    static const QPushButton& button(QDialog& dialog, int place)
-    {
-        return *dialog.findChildren<QPushButton*>().at(place);
-    }
-
     Tests::Display display;
     std::shared_ptr<Timer> timer, giveUp;
     std::optional<Tests::ChildProcess> tool;
