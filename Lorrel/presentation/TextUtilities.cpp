@@ -102,7 +102,7 @@ Size TextUtilities::size(std::optional<std::string_view> text, const Font& font,
                          double maximumHeight)
 {
     if (!text) return {};
-    return AttributedString(std::string(*text), {{fontAttribute, font}}).boundingSize({maximumWidth, maximumHeight});
+    return boundingSize(*text, font, {maximumWidth, maximumHeight});
 }
 
 double TextUtilities::height(std::optional<std::string_view> text, const Font& font)

@@ -13,7 +13,7 @@ using Pixels = std::shared_ptr<std::uint32_t>;
 
 // From here on pixels come from the kernel in large pages: touching a fresh
 // page for the first time costs far more than any work on its pixels.
-constexpr std::size_t largeBytes = 4u << 20;
+constexpr std::size_t largeBytes = 2u << 20;
 constexpr std::size_t largePage = 2u << 20;
 
 Pixels mapLarge(std::size_t bytes)

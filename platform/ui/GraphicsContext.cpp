@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -53,11 +54,12 @@ struct GraphicsContext::State {
 
     State(Bitmap target, Size pointSize) : bitmap(std::move(target)), size(pointSize), image(writableView(bitmap))
     {
-        if (image.isNull()) return;
-        painter.begin(&image);
-        painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+        begin();
         painter.scale(image.width() / size.width, image.height() / size.height);
     }
+
+    void begin();
+    void replacePixels(QImage pixels);
 
     QBrush fillBrush() const;
     QRect pixelsOf(const Rect& rect) const;
@@ -70,6 +72,29 @@ struct GraphicsContext::State {
     Look look;
     std::vector<Look> saved;
 };
+
+void GraphicsContext::State::begin()
+{
+    if (image.isNull()) return;
+    painter.begin(&image);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+}
+
+// Taken over where the painter has no saved states to lose: copying a large picture costs a quarter of scaling it.
+void GraphicsContext::State::replacePixels(QImage pixels)
+{
+    if (!saved.empty()) {
+        const auto bytes = static_cast<std::size_t>(image.width()) * sizeof(std::uint32_t);
+        for (int y = 0; y < image.height(); ++y) std::memcpy(image.scanLine(y), pixels.constScanLine(y), bytes);
+        return;
+    }
+    const QTransform transform = painter.worldTransform();
+    painter.end();
+    bitmap = bitmapOf(std::move(pixels));
+    image = writableView(bitmap);
+    begin();
+    painter.setWorldTransform(transform);
+}
 
 QBrush GraphicsContext::State::fillBrush() const
 {
@@ -231,6 +256,11 @@ Size GraphicsContext::pixelsPerPoint() const
 QPainter& ContextAccess::painter(GraphicsContext& context)
 {
     return context.state_->painter;
+}
+
+void ContextAccess::replacePixels(GraphicsContext& context, QImage pixels)
+{
+    context.state_->replacePixels(std::move(pixels));
 }
 
 QImage& ContextAccess::canvas(GraphicsContext& context)

@@ -1,5 +1,5 @@
 #include <cmath>
-#include <cstring>
+#include <utility>
 
 #include "platform/ui/GraphicsContext.h"
 #include "platform/ui/internal/QtDrawing.h"
@@ -30,12 +30,6 @@ bool isWhole(const QRectF& rect, const QSize& size)
     return rect == QRectF(QPointF(0, 0), QSizeF(size));
 }
 
-void copyPixels(const QImage& from, QImage& to)
-{
-    const auto bytes = static_cast<std::size_t>(from.width()) * sizeof(std::uint32_t);
-    for (int y = 0; y < from.height(); ++y) std::memcpy(to.scanLine(y), from.constScanLine(y), bytes);
-}
-
 // The painter blends two pixels each way, which loses detail when an image
 // shrinks; the image's own scaling averages all of them.
 void drawScaled(QPainter& painter, const QImage& image, const QRectF& device)
@@ -62,9 +56,10 @@ void ContextAccess::draw(GraphicsContext& context, const QImage& image, const QR
     if (own.size() != pixels) own = own.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     if (own.isNull()) return;
     own.convertTo(QImage::Format_ARGB32_Premultiplied);
-    QImage& whole = canvas(context);
+    const QImage& whole = canvas(context);
     const bool isPlain = isCopy && pen.opacity() == 1 && !pen.hasClipping();
-    if (isPlain && isWhole(device, whole.size()) && own.size() == whole.size()) return copyPixels(own, whole);
+    if (isPlain && isWhole(device, whole.size()) && own.size() == whole.size())
+        return replacePixels(context, std::move(own));
     drawScaled(pen, own, device);
 }
 

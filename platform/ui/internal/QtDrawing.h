@@ -29,6 +29,8 @@ inline QRectF qtRect(const Rect& rect)
 struct ContextAccess {
     static QPainter& painter(GraphicsContext& context);
     static QImage& canvas(GraphicsContext& context);
+    // Makes the pixels, as many as the context has, its own.
+    static void replacePixels(GraphicsContext& context, QImage pixels);
     // With the painter's composition mode and opacity as they are.
     static void draw(GraphicsContext& context, const QImage& image, const QRectF& part, const QRectF& target,
                      bool isCopy);

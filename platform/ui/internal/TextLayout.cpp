@@ -89,7 +89,16 @@ TextLines::TextLines(const AttributedString& text, Size maximum)
     ensureGuiApplication();
     for (const AttributedString::Run& run : text.runs()) add(run);
     std::ranges::reverse(attached_);
-    breakLines(alignmentOf(text));
+    breakLines(formats_[0].format.font(), alignmentOf(text));
+}
+
+TextLines::TextLines(std::string_view text, const Font& font, Size maximum)
+    : maximumWidth_(limit(maximum.width, widestLine)), maximumHeight_(limit(maximum.height, HUGE_VAL))
+{
+    if (text.empty()) return;
+    ensureGuiApplication();
+    text_ = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    breakLines(qtFont(font), TextAlignment::natural);
 }
 
 void TextLines::add(const AttributedString::Run& run)
@@ -102,7 +111,7 @@ void TextLines::add(const AttributedString::Run& run)
     if (isAttached) attached_.push_back({start, *attachment, (*attachment)->drawnBounds()});
 }
 
-void TextLines::breakLines(TextAlignment alignment)
+void TextLines::breakLines(const QFont& font, TextAlignment alignment)
 {
     text_.replace(u'\n', QChar::LineSeparator);
     // Without a width to stand in, lines begin at the left, whatever their direction.
@@ -110,9 +119,9 @@ void TextLines::breakLines(TextAlignment alignment)
     QTextOption option(isBounded ? alignments.at(static_cast<std::size_t>(alignment))
                                  : Qt::AlignLeft | Qt::AlignAbsolute);
     option.setWrapMode(hasEndlessWord(text_) ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout_ = std::make_unique<QTextLayout>(text_, formats_[0].format.font(), &measuringSurface());
+    layout_.emplace(text_, font, &measuringSurface());
     layout_->setTextOption(option);
-    layout_->setFormats(formats_);
+    if (!formats_.isEmpty()) layout_->setFormats(formats_);
     layout_->beginLayout();
     for (QTextLine line = layout_->createLine(); line.isValid() && place(line);) line = layout_->createLine();
     layout_->endLayout();

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QTextLayout>
+#include <optional>
+#include <string_view>
 #include <vector>
 
 #include "platform/ui/text/AttributedString.h"
@@ -13,6 +15,8 @@ namespace Platform {
 class TextLines {
 public:
     TextLines(const AttributedString& text, Size maximum);
+    // Of a text in one font, which has no colour to be drawn in.
+    TextLines(std::string_view text, const Font& font, Size maximum);
 
     Size size() const { return {width_, height_}; }
     void draw(QPainter& painter, QPointF origin) const;
@@ -30,7 +34,7 @@ private:
     };
 
     void add(const AttributedString::Run& run);
-    void breakLines(TextAlignment alignment);
+    void breakLines(const QFont& font, TextAlignment alignment);
     // False when the line does not fit any more.
     bool place(QTextLine line);
 
@@ -41,7 +45,7 @@ private:
     QString text_;
     QList<QTextLayout::FormatRange> formats_;
     std::vector<Attached> attached_;  // those that no line holds yet, last first
-    std::unique_ptr<QTextLayout> layout_;
+    std::optional<QTextLayout> layout_;
     std::vector<Placed> placed_;
 };
 

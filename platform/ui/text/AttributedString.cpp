@@ -34,6 +34,11 @@ Size AttributedString::boundingSize(Size maximum) const
     return TextLines(*this, maximum).size();
 }
 
+Size boundingSize(std::string_view text, const Font& font, Size maximum)
+{
+    return TextLines(text, font, maximum).size();
+}
+
 void AttributedString::draw(const Rect& rect) const
 {
     GraphicsContext* context = GraphicsContext::current();

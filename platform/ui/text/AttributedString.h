@@ -42,4 +42,7 @@ private:
     std::vector<Run> runs_;
 };
 
+// The bounding size of an attributed string of the text with the font as its only attribute.
+Size boundingSize(std::string_view text, const Font& font, Size maximum);
+
 }  // namespace Platform

@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <array>
+#include <optional>
 
 #include "platform/ui/internal/GuiApplication.h"
 #include "platform/ui/internal/QtText.h"
@@ -20,15 +21,28 @@ QFontMetricsF metricsOf(const Font& font)
     return QFontMetricsF(qtFont(font), &measuringSurface());
 }
 
+QFont made(const Font& font, QFont base)
+{
+    if (!font.family().empty()) base.setFamilies({QString::fromStdString(font.family())});
+    base.setPointSizeF(font.pointSize());
+    base.setWeight(qtWeights.at(static_cast<std::size_t>(font.weight())));
+    return base;
+}
+
 }  // namespace
 
+// Texts are measured and drawn many times in one font, and the library finds
+// the typeface again for every font that is made anew.
 QFont qtFont(const Font& font)
 {
-    QFont result = QGuiApplication::font();
-    if (!font.family().empty()) result.setFamilies({QString::fromStdString(font.family())});
-    result.setPointSizeF(font.pointSize());
-    result.setWeight(qtWeights.at(static_cast<std::size_t>(font.weight())));
-    return result;
+    struct Made {
+        Font font;
+        QFont base, made;
+    };
+    thread_local std::optional<Made> last;
+    const QFont base = QGuiApplication::font();
+    if (!last || last->font != font || !last->base.isCopyOf(base)) last.emplace(Made{font, base, made(font, base)});
+    return last->made;
 }
 
 QImage& measuringSurface()
