@@ -6,26 +6,17 @@
 #include "platform/ui/views/VisualEffectView.h"
 #include "tests/fakes/VirtualClock.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/Chosen.h"
 #include "tests/support/PrivateBus.h"
 #include "tests/support/TrayHost.h"
 
 namespace {
 
 using namespace Platform;
+using Tests::Chosen;
 using Tests::eventually;
 using Tests::TrayHost;
 using Strings = std::vector<std::string>;
-
-class Chosen : public Responder {
-public:
-    void choose(ActionSender& sender)
-    {
-        tags.push_back(sender.tag());
-        if (then) then();
-    }
-    std::vector<long> tags;
-    std::function<void()> then;
-};
 
 class Watching : public MenuDelegate {
 public:

@@ -4,6 +4,7 @@
 
 #include "platform/menubar/StatusBar.h"
 #include "platform/ui/Image.h"
+#include "tests/support/Chosen.h"
 #include "tests/support/Display.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/Keyboard.h"
@@ -13,6 +14,7 @@
 namespace {
 
 using namespace Platform;
+using Tests::Chosen;
 using Tests::eventually;
 
 // One panel at the top left corner with nothing but the tray.
@@ -38,12 +40,6 @@ constexpr const char* panelSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
 </channel>)";
 
 constexpr std::uint32_t magenta = 0xFFFF00FF, black = 0xFF000000;
-
-class Chosen : public Responder {
-public:
-    void choose() { ++count; }
-    int count = 0;
-};
 
 // A real panel of another maker on a display and a bus of its own.
 class Panel {
@@ -112,10 +108,7 @@ TEST(PanelTest, ShowsTheItemAndOpensAndClicksItsMenu)
     const std::string opened = Tests::screenshotPath("menubar/panel-menu");
 
     const auto item = StatusBar::system().statusItem(StatusItem::squareLength);
-    item->button()->setImage(std::make_shared<Image>(Size{22, 22}, [](GraphicsContext& context) {
-        context.setFillColor(Color::deviceRGB(1, 0, 1));
-        context.fill({{}, context.size()}, CompositingOperation::copy);
-    }));
+    item->button()->setImage(Tests::square(22, Color::deviceRGB(1, 0, 1)));
     const auto target = std::make_shared<Chosen>();
     const auto menu = Menu::create();
     for (const char* title : {"First", "Second"}) {
@@ -140,7 +133,7 @@ TEST(PanelTest, ShowsTheItemAndOpensAndClicksItsMenu)
         [&] {
             Tests::runOnDisplay({"xdotool", "mousemove", x, "45", "click", "1"});
         },
-        [&] { return target->count > 0; }))
+        [&] { return !target->tags.empty(); }))
         << "the menu does not answer, see " << opened;
 }
 

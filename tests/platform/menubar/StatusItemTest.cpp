@@ -8,34 +8,18 @@
 #include "platform/menubar/StatusBar.h"
 #include "platform/ui/Image.h"
 #include "tests/fakes/VirtualClock.h"
+#include "tests/support/Chosen.h"
 #include "tests/support/PrivateBus.h"
 #include "tests/support/TrayHost.h"
 
 namespace {
 
 using namespace Platform;
+using Tests::Chosen;
 using Tests::eventually;
+using Tests::square;
 using Tests::TrayHost;
 using Strings = std::vector<std::string>;
-
-ImageRef square(double side, const Color& color)
-{
-    return std::make_shared<Image>(Size{side, side}, [color](GraphicsContext& context) {
-        context.setFillColor(color);
-        context.fill({{}, context.size()}, CompositingOperation::copy);
-    });
-}
-
-class Clicked : public Responder {
-public:
-    void click(ActionSender& sender)
-    {
-        tags.push_back(sender.tag());
-        if (then) then();
-    }
-    std::vector<long> tags;
-    std::function<void()> then;
-};
 
 class StatusItemTest : public testing::Test {
 protected:
@@ -153,8 +137,7 @@ TEST_F(StatusItemTest, TellsTheHostEverythingOfItself)
     EXPECT_STREQ(title, "tip\uFFFD");
 
     const auto pixmap = host.pixmap();
-    ASSERT_EQ(pixmap.width, 22);
-    ASSERT_EQ(pixmap.height, 22);
+    ASSERT_EQ(pixmap.pixels.size(), 22U * 22);
     EXPECT_EQ(pixmap.pixels.at(11 * 22 + 11) >> 8, 0x80FF80U) << "not premultiplied";
 
     for (const auto& call : {"Get", "Activate", "Scroll", "Nonsense"}) {
@@ -240,9 +223,9 @@ TEST_F(StatusItemTest, HundredThousandUpdatesLeakNothing)
 
 TEST_F(StatusItemTest, ClicksReachTargetAndActionUnlessThereIsAMenu)
 {
-    const auto target = std::make_shared<Clicked>();
+    const auto target = std::make_shared<Chosen>();
     item->button()->setTarget(target);
-    item->button()->setAction(&Clicked::click);
+    item->button()->setAction(&Chosen::choose);
     item->button()->setTag(7);
     Strings others;
     item->setMiddleClickHandler([&] { others.push_back("middle"); });
@@ -269,10 +252,10 @@ TEST_F(StatusItemTest, ClicksReachTargetAndActionUnlessThereIsAMenu)
 
 TEST_F(StatusItemTest, MayEndInItsOwnActionAndLeavesTheBarAtOnce)
 {
-    const auto target = std::make_shared<Clicked>();
+    const auto target = std::make_shared<Chosen>();
     target->then = [&] { item = nullptr; };
     item->button()->setTarget(target);
-    item->button()->setAction(&Clicked::click);
+    item->button()->setAction(&Chosen::choose);
     TrayHost host;
     ASSERT_TRUE(host.waitForItem() && isShown());
     host.callItem("Activate", "ii", 0, 0);
