@@ -9,9 +9,16 @@
 
 // How readers and writers meet. A reader marks a slot of its thread and then
 // looks whether the queue is closed; a writer closes the queue and then looks at
-// the slots. Both steps are sequentially consistent, so one of them sees the
-// other. A reader that finds the queue closed takes back its mark and stands in
-// line like everybody else. Whoever has the drain role lets the line advance: a
+// the slots. One of them must see the other. So that reading stays cheap the
+// reader has no fence between its two steps: the writer makes the kernel fence
+// the other threads instead. That is dear, so the queue keeps the set of slots
+// that may be marked so; a reader outside the set joins it first, which is a
+// fence, and the writer empties the set while the queue is closed. A reader looks
+// at the set last: where it still finds itself there, having found the queue open
+// before, any writer that will empty the set has yet to look for the mark.
+//
+// A reader that finds the queue closed takes back its mark and stands in line
+// like everybody else. Whoever has the drain role lets the line advance: a
 // background thread, or a thread that stands in line itself.
 
 namespace Platform {
@@ -121,10 +128,9 @@ void Queue::awaitTurn(Task& waiting, TaskList& ended, Lock& lock)
 // one turn's share.
 void Queue::drain(const Task* stop, TaskList& ended, Lock& lock)
 {
-    bool slotsAreClear = kind_ == Kind::serial;
     for (int count = 0; first_ && first_ != stop && (stop || count < tasksPerTurn); ++count) {
         if (first_->form == Form::waitingExclusive) return;
-        if (first_->form == Form::exclusive) awaitReaders(slotsAreClear, lock);
+        if (first_->form == Form::exclusive) awaitReaders(lock);
         Task& task = takeFirst();
         switch (task.form) {
             case Form::waitingParallel:
@@ -160,20 +166,25 @@ void Queue::grant(Task& waiting)
     changed_.notify_all();
 }
 
-// While the queue is closed nobody enters by a slot, so slots once seen clear stay so.
-void Queue::awaitReaders(bool& slotsAreClear, Lock& lock)
+// While the queue is closed nobody enters by a slot: marks once made visible are
+// all there are. The thread's own slot is not marked, or it would wait for itself.
+void Queue::awaitReaders(Lock& lock)
 {
-    for (int spins = 0; parallelUses_ > 0 || !slotsAreClear; ++spins) {
-        if (!slotsAreClear) slotsAreClear = !isMarkedBySlots(this);
-        if (slotsAreClear && parallelUses_ == 0) break;
+    const SlotSet own = threadRecord.slot;
+    const SlotSet known = knownSlots_ & ~own;
+    if (known) awaitStoresOfOtherThreads();
+    SlotSet reading = markedSlots(known, this);
+    for (int spins = 0; parallelUses_ > 0 || reading; ++spins) {
         if (parallelUses_ == 0 && spins < spinsBeforeSleep) {
             __builtin_ia32_pause();
-            continue;
+        } else {
+            isAwaited_ = true;
+            changed_.wait_for(lock, longestSleep);
         }
-        isAwaited_ = true;
-        changed_.wait_for(lock, longestSleep);
+        reading = markedSlots(reading, this);
     }
     isAwaited_ = false;
+    if (known) knownSlots_ &= own;
 }
 
 void Queue::runExclusive(Task& task, Lock& lock)
@@ -226,10 +237,19 @@ void Queue::checkNotInside() const
     }
 }
 
+bool Queue::isOpenToNew(SlotSet slot)
+{
+    knownSlots_ |= slot;
+    return !isClosed_;
+}
+
+// By a cell of the slot, else in line.
 Queue::ParallelUse::ParallelUse(Queue& queue) : queue_(queue), record_(threadRecord), inside_{&queue, record_.innermost}
 {
     if (inside_.outer) queue_.checkNotInside();
-    if (!marksSlot()) {
+    cell_ = record_.freeCell();
+    if (cell_ && !queue_.marks(*cell_, record_.slot)) cell_ = nullptr;
+    if (!cell_) {
         Task waiting(Form::waitingParallel);
         Lock lock(queue_.mutex_);
         queue_.awaitTurn(waiting, ended_, lock);
@@ -237,31 +257,10 @@ Queue::ParallelUse::ParallelUse(Queue& queue) : queue_(queue), record_(threadRec
     record_.innermost = &inside_;
 }
 
-bool Queue::ParallelUse::marksSlot()
-{
-    cell_ = record_.freeCell();
-    if (!cell_) return false;
-    cell_->store(&queue_);
-    if (!queue_.isClosed_) {
-        ++record_.usedCells;
-        return true;
-    }
-    cell_->store(nullptr, std::memory_order_release);
-    cell_ = nullptr;
-    if (queue_.isAwaited_.load(std::memory_order_relaxed)) queue_.noticeLeaving();
-    return false;
-}
-
 Queue::ParallelUse::~ParallelUse()
 {
     record_.innermost = inside_.outer;
-    if (!cell_) {
-        queue_.endParallelUse();
-        return;
-    }
-    --record_.usedCells;
-    cell_->store(nullptr, std::memory_order_release);
-    if (queue_.isAwaited_.load(std::memory_order_relaxed)) queue_.noticeLeaving();
+    cell_ ? queue_.unmark(*cell_) : queue_.endParallelUse();
 }
 
 Queue::ExclusiveUse::ExclusiveUse(Queue& queue) : queue_(queue), inside_{&queue, threadRecord.innermost}
@@ -270,8 +269,7 @@ Queue::ExclusiveUse::ExclusiveUse(Queue& queue) : queue_(queue), inside_{&queue,
     Task waiting(Form::waitingExclusive);
     Lock lock(queue_.mutex_);
     queue_.awaitTurn(waiting, ended_, lock);
-    bool slotsAreClear = queue_.kind_ == Kind::serial;
-    queue_.awaitReaders(slotsAreClear, lock);
+    queue_.awaitReaders(lock);
     threadRecord.innermost = &inside_;
 }
 

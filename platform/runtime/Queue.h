@@ -10,10 +10,9 @@
 #include <type_traits>
 #include <utility>
 
-namespace Platform {
+#include "platform/runtime/ThreadRecord.h"
 
-class Queue;
-struct ThreadRecord;
+namespace Platform {
 
 // Somewhere a block can be sent to run later. Thread: any.
 class Executor {
@@ -22,12 +21,6 @@ public:
 
     // Returns before the block runs. What the block throws is logged.
     virtual void async(std::function<void()> block) = 0;
-};
-
-// One queue that a thread is inside, and the one around it.
-struct InsideQueue {
-    const Queue* queue;
-    const InsideQueue* outer;
 };
 
 // Blocks in the order of their submission. On a serial queue they run one at a
@@ -72,6 +65,11 @@ public:
     auto sync(Block&& block)
     {
         if (kind_ == Kind::serial) return syncBarrier(std::forward<Block>(block));
+        ThreadRecord& record = threadRecord;
+        if (!record.innermost && record.cells && marks(*record.cells, record.slot)) {
+            const SlotUse use(*this, record);
+            return std::forward<Block>(block)();
+        }
         const ParallelUse use(*this);
         return std::forward<Block>(block)();
     }
@@ -134,6 +132,29 @@ private:
         Task* first_ = nullptr;
     };
 
+    // A synchronous block of a thread that is inside no queue, marked in the first
+    // cell of its slot: what almost every read is. It knows what was before it and
+    // so leaves without reading it back.
+    class SlotUse {
+    public:
+        SlotUse(Queue& queue, ThreadRecord& record) : queue_(queue), record_(record), inside_{&queue, nullptr}
+        {
+            record_.innermost = &inside_;
+        }
+        SlotUse(const SlotUse&) = delete;
+        SlotUse& operator=(const SlotUse&) = delete;
+        ~SlotUse()
+        {
+            record_.innermost = nullptr;
+            queue_.unmark(*record_.cells);
+        }
+
+    private:
+        Queue& queue_;
+        ThreadRecord& record_;
+        InsideQueue inside_;
+    };
+
     // The calling thread's turn for one synchronous block. Values that were
     // replaced on the way die when the turn is over.
     class ParallelUse {
@@ -144,13 +165,11 @@ private:
         ~ParallelUse();
 
     private:
-        bool marksSlot();
-
         TaskList ended_;
         Queue& queue_;
         ThreadRecord& record_;
         InsideQueue inside_;
-        std::atomic<const Queue*>* cell_;
+        ThreadRecord::Cell* cell_;
     };
 
     class ExclusiveUse {
@@ -180,7 +199,22 @@ private:
     void drain(const Task* stop, TaskList& ended, Lock& lock);
     void release();
     void grant(Task& waiting);
-    void awaitReaders(bool& slotsAreClear, Lock& lock);
+    void awaitReaders(Lock& lock);
+    // Marks the cell and says whether that let its thread in; if not, it is unmarked again.
+    bool marks(ThreadRecord::Cell& cell, SlotSet slot)
+    {
+        cell.store(this, std::memory_order_release);
+        std::atomic_signal_fence(std::memory_order_seq_cst);
+        if (!isClosed_ && ((knownSlots_ & slot) || isOpenToNew(slot))) return true;
+        unmark(cell);
+        return false;
+    }
+    bool isOpenToNew(SlotSet slot);
+    void unmark(ThreadRecord::Cell& cell)
+    {
+        cell.store(nullptr, std::memory_order_release);
+        if (isAwaited_.load(std::memory_order_relaxed)) noticeLeaving();
+    }
     void runExclusive(Task& task, Lock& lock);
     void startParallel(Task& task);
     void runParallel(Task& task);
@@ -203,6 +237,7 @@ private:
     // Beside each other and away from the rest: all that a reader looks at.
     alignas(64) std::atomic<bool> isClosed_{false};  // something waits or runs alone: no entry by slot
     std::atomic<bool> isAwaited_{false};             // somebody sleeps until the readers have left
+    std::atomic<SlotSet> knownSlots_{0};             // whose marks may be here and not yet visible to others
 };
 
 }  // namespace Platform

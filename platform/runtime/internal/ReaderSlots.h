@@ -4,7 +4,7 @@
 #include <atomic>
 #include <cstddef>
 
-#include "platform/runtime/Queue.h"
+#include "platform/runtime/ThreadRecord.h"
 
 namespace Platform {
 
@@ -17,25 +17,11 @@ struct alignas(128) ReaderSlot {
     std::atomic<bool> isTaken{false};
 };
 
-// What a thread knows about itself.
-struct ThreadRecord {
-    const InsideQueue* innermost = nullptr;
-    ReaderSlot* slot = nullptr;
-    std::size_t usedCells = 0;
-    bool isAsked = false;  // it has asked for a slot; there may have been none
+// Makes visible here what every other running thread has stored so far, so that
+// threads which mark their slots need no fence themselves.
+void awaitStoresOfOtherThreads();
 
-    // The next cell to mark; null for a thread without slot, or too deep inside.
-    std::atomic<const Queue*>* freeCell()
-    {
-        if (!isAsked) askForSlot();
-        return slot && usedCells < ReaderSlot::depth ? &slot->cells[usedCells] : nullptr;
-    }
-    void askForSlot();
-};
-
-inline constinit thread_local ThreadRecord threadRecord;
-
-// Whether a thread's slot is marked with the queue.
-bool isMarkedBySlots(const Queue* queue);
+// Those of the slots that are marked with the queue.
+SlotSet markedSlots(SlotSet slots, const Queue* queue);
 
 }  // namespace Platform
