@@ -40,8 +40,15 @@ AnyDictionary AnyDictionary::fromPairs(std::span<AnyValue> keysAndValues)
 {
     AnyDictionary dictionary;
     dictionary.entries_.reserve(keysAndValues.size() / 2);
+    std::uint64_t seen = 0;
     for (std::size_t i = 0; i + 1 < keysAndValues.size(); i += 2) {
-        dictionary.set(std::move(keysAndValues[i]), std::move(keysAndValues[i + 1]));
+        AnyValue& key = keysAndValues[i];
+        AnyValue& value = keysAndValues[i + 1];
+        const std::optional<std::uint64_t> bit = key.shortTextBit();
+        const bool isSurelyNew = bit && !(seen & *bit);
+        seen |= bit.value_or(0);
+        isSurelyNew ? dictionary.append(std::move(key), std::move(value))
+                    : dictionary.set(std::move(key), std::move(value));
     }
     return dictionary;
 }

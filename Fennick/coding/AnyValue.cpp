@@ -199,11 +199,9 @@ std::optional<double> AnyValue::asDouble() const
     return isNumber() ? std::optional(numericValue().doubleValue()) : std::nullopt;
 }
 
-std::optional<std::string_view> AnyValue::asText() const
+std::string_view AnyValue::heldText() const
 {
-    if (kind_ != Kind::text) return std::nullopt;
-    if (isHeld()) return node<TextNode>().text();
-    return std::string_view(reinterpret_cast<const char*>(bytes_), size_);
+    return node<TextNode>().text();
 }
 
 std::optional<Platform::Date> AnyValue::asDate() const

@@ -144,7 +144,12 @@ public:
     std::optional<double> asDouble() const;
     std::optional<Platform::Number> asNumber() const;
     // Lives as long as this value is unchanged.
-    std::optional<std::string_view> asText() const;
+    std::optional<std::string_view> asText() const
+    {
+        if (kind_ != Kind::text) return std::nullopt;
+        if (isHeld()) return heldText();
+        return std::string_view(reinterpret_cast<const char*>(bytes_), size_);
+    }
     std::optional<Platform::Date> asDate() const;
     std::optional<Platform::Url> asUrl() const;
     // What object() took; null when it was of another type.
@@ -183,6 +188,16 @@ public:
         return a.size_ == b.size_ && std::memcmp(a.bytes_, b.bytes_, inlineCapacity) == 0;
     }
     std::size_t hash() const;
+    // One bit of 64 for a text that stands in the value itself: equal ones have the
+    // same. Absent for all others, which equal no such text.
+    std::optional<std::uint64_t> shortTextBit() const
+    {
+        if (kind_ != Kind::text || isHeld()) return std::nullopt;
+        std::uint64_t words[2];
+        static_assert(sizeof words == sizeof *this);
+        std::memcpy(words, static_cast<const void*>(this), sizeof words);
+        return std::uint64_t{1} << ((words[0] + words[1] * 31) * 0x9E3779B97F4A7C15 >> 58);
+    }
 
 private:
     friend class AnyValueFeeder;
@@ -242,6 +257,7 @@ private:
     void release() noexcept;
     static void destroy(Node* first) noexcept;
     void handOver(Node*& dying) noexcept;
+    std::string_view heldText() const;
     const void* objectOf(const std::type_info& type) const;
     Platform::Number numericValue() const;
     static bool isSameScalar(const AnyValue& a, const AnyValue& b);

@@ -1,5 +1,6 @@
 #include "Fennick/coding/_AnyEncodable.h"
 
+#include <memory>
 #include <vector>
 
 #include "Fennick/coding/AnyDictionary.h"
@@ -22,30 +23,28 @@ public:
     }
 
 private:
+    // What is left of an open array or dictionary.
     struct Level {
-        const AnyValue* container;
-        std::size_t next = 0;
+        const AnyValue* item = nullptr;
+        const AnyValue* itemsEnd = nullptr;
+        const AnyDictionary::Entry* member = nullptr;
+        const AnyDictionary::Entry* membersEnd = nullptr;
+        bool isArray = false;
     };
 
     void step()
     {
-        const AnyValue& container = *open_.back().container;
-        const std::size_t place = open_.back().next++;
-        if (container.kind() == AnyValue::Kind::array) {
-            if (place < container.array().size()) return value(container.array()[place]);
-            sink_.endArray();
-        } else {
-            if (place < container.dictionary().size()) return member(container, place);
-            sink_.endDictionary();
-        }
+        Level& level = open_.back();
+        if (level.item != level.itemsEnd) return value(*level.item++);
+        if (level.member != level.membersEnd) return member(*level.member++);
+        level.isArray ? sink_.endArray() : sink_.endDictionary();
         open_.pop_back();
     }
 
-    void member(const AnyValue& dictionary, std::size_t place)
+    void member(const AnyDictionary::Entry& member)
     {
-        const auto& entry = dictionary.dictionary().begin()[static_cast<std::ptrdiff_t>(place)];
-        sink_.key(*entry.key.asText());
-        value(entry.value);
+        sink_.key(*member.key.asText());
+        value(member.value);
     }
 
     void value(const AnyValue& value)
@@ -82,8 +81,7 @@ private:
             case Kind::number:
                 return number(*value.asNumber());
             case Kind::array:
-                sink_.beginArray();
-                return open_.push_back({&value});
+                return array(value.array());
             case Kind::dictionary:
                 return dictionary(value);
             case Kind::object:
@@ -91,13 +89,21 @@ private:
         }
     }
 
+    void array(const AnyArray& items)
+    {
+        sink_.beginArray();
+        open_.push_back({.item = items.data(), .itemsEnd = items.data() + items.size(), .isArray = true});
+    }
+
     void dictionary(const AnyValue& value)
     {
-        for (const auto& entry : value.dictionary()) {
-            if (!entry.key.asText()) refuse(value, "AnyEncodable value cannot be encoded");
+        const AnyDictionary& members = value.dictionary();
+        for (const auto& entry : members) {
+            if (entry.key.kind() != AnyValue::Kind::text) refuse(value, "AnyEncodable value cannot be encoded");
         }
         sink_.beginDictionary();
-        open_.push_back({&value});
+        const auto* first = std::to_address(members.begin());
+        open_.push_back({.member = first, .membersEnd = first + members.size()});
     }
 
     void number(const Number& number)

@@ -56,7 +56,10 @@ TEST(AnyCoding, AnyDocumentComesBackAsTheSameJson)
     EXPECT_EQ(any.value["k39"], 39);
     EXPECT_EQ(any.value["limits"][2]["deep"][3], -1);
     EXPECT_TRUE(any.value["limits"][7]["nowhere"].isEmpty());
-    EXPECT_EQ(decoded(R"({"a":1,"b":2,"a":3})"), AnyValue(AnyDictionary{{"b", 2}, {"a", 3}}));
+    for (const std::string key : {"a", "a key beyond the inline"}) {
+        const std::string twice = "{\"" + key + R"(":1,"b":2,")" + key + R"(":3})";
+        EXPECT_EQ(decoded(twice), AnyValue(AnyDictionary{{"b", 2}, {key, 3}}));
+    }
 }
 
 TEST(AnyCoding, EncodesEveryKindAsItself)
