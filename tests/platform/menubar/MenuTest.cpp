@@ -290,10 +290,11 @@ TEST_F(MenuTest, IsReadAndClickedByAProgramOfAnotherMaker)
         return program.readAll();
     };
     const std::string text =
-        R"-({"type":"u(ia{sv}av)","data":[2,[0,{"children-display":{"type":"s","data":"submenu"}},[)-"
+        R"-([0,{"children-display":{"type":"s","data":"submenu"}},[)-"
         R"-({"type":"(ia{sv}av)","data":[1,{"label":{"type":"s","data":"One"},)-"
         R"-("toggle-type":{"type":"s","data":"checkmark"},"toggle-state":{"type":"i","data":1}},[]]}]]]})-";
-    EXPECT_EQ(called({"GetLayout", "iias", "0", "-1", "0"}), text + '\n');
+    const std::string answer = called({"GetLayout", "iias", "0", "-1", "0"});
+    EXPECT_TRUE(answer.ends_with(text + '\n')) << answer;  // a revision's number stands before it
     EXPECT_EQ(called({"Event", "isvu", "1", "clicked", "s", "", "0"}), "");
     EXPECT_TRUE(eventually([&] { return target->tags == std::vector<long>{7}; }));
 }

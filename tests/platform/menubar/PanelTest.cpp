@@ -124,10 +124,15 @@ TEST(PanelTest, ShowsTheItemAndOpensAndClicksItsMenu)
         << "the icon does not show in " << picture;
 
     const std::string x = std::to_string(place->first + 5), y = std::to_string(place->second + 5);
-    Tests::runOnDisplay({"xdotool", "mousemove", x, y, "click", "1"});
-    Bitmap screen;
-    EXPECT_TRUE(tryUntil([&] { screen = Panel::screen(opened); },
-                         [&] { return !screen.isEmpty() && screen.pixel(place->first + 20, 45) != black; }))
+    const auto showsMenu = [&] {
+        const Bitmap screen = Panel::screen(opened);
+        return !screen.isEmpty() && screen.pixel(place->first + 20, 45) != black;
+    };
+    EXPECT_TRUE(tryUntil(
+        [&] {
+            Tests::runOnDisplay({"xdotool", "mousemove", x, y, "click", "1"});
+        },
+        [&] { return eventually(showsMenu, std::chrono::seconds(3)); }))
         << "no menu in " << opened;
     EXPECT_TRUE(tryUntil(
         [&] {
