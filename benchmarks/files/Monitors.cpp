@@ -41,8 +41,7 @@ private:
 };
 
 struct Receiver final : Lorrel::FileMonitorDelegate {
-    void didAppend(const std::string& text) override { size += text.size(); }
-    std::size_t size = 0;
+    void didAppend(const std::string&) override { Platform::RunLoop::main().stop(); }
 };
 
 // The smallest follower there is: one watch, one epoll, one positioned read.
@@ -171,10 +170,8 @@ void compareMonitors(const std::string& root)
     std::vector<double> raws;
     std::vector<double> tails;
     for (int i = 0; i < 500; ++i) {
-        const std::size_t wanted = receiver->size + line.size();
-        ours.push_back(latency(ourAppender, [&] {
-            Platform::RunLoop::main().runUntil([&] { return receiver->size >= wanted; }, std::chrono::seconds(5));
-        }));
+        // Without an end in time, as a program waits and as the peers do: a timer has its price.
+        ours.push_back(latency(ourAppender, [] { Platform::RunLoop::main().run(); }));
         raws.push_back(latency(rawAppender, [&] { raw.awaitLine(); }));
         tails.push_back(latency(tailAppender, [&] { tail.awaitLine(); }));
     }
