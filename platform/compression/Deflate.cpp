@@ -86,7 +86,9 @@ std::size_t grownSize(const Data& result, const Stream& stream, std::size_t tota
 template <typename Process>
 std::optional<Data> drain(Stream& stream, std::size_t total, std::size_t firstSize, std::size_t cap, Process process)
 {
-    Data result(std::min(firstSize, cap));
+    Data result;
+    result.reserve(1);  // zlib refuses a null place, even for no bytes
+    result.resize(std::min(firstSize, cap));
     std::size_t used = 0;
     for (;;) {
         stream.refill();
@@ -96,12 +98,9 @@ std::optional<Data> drain(Stream& stream, std::size_t total, std::size_t firstSi
         used += room - stream.raw().avail_out;
         if (answer == Z_STREAM_END) break;
         if (answer != Z_OK && answer != Z_BUF_ERROR) return std::nullopt;
+        // At its cap the result grows no more: a call without room tells a stream that just fits from a longer one.
+        if (answer == Z_BUF_ERROR && room == 0) return std::nullopt;
         if (used == result.size()) {
-            // A last call without room tells a stream that just fits its cap from one that passes it.
-            if (used == cap) {
-                if (answer == Z_BUF_ERROR) return std::nullopt;
-                continue;
-            }
             result.resize(grownSize(result, stream, total, cap));
         } else if (stream.raw().avail_in == 0 && !stream.hasMoreInput()) {
             return std::nullopt;  // room is left and input is not: the stream is cut

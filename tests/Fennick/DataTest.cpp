@@ -31,6 +31,7 @@ TEST(DataCompression, ReadsWhatOthersWroteAndRefusesTheRest)
     EXPECT_EQ(textOf(decompressed(bytesOf(zlibbed))), "absent");
     EXPECT_EQ(textOf(decompressed(bytesOf(zlibbed.substr(2)))), "hello hello");
     EXPECT_EQ(textOf(decompressed(*compressed(bytesOf("x")))), "x");
+    EXPECT_EQ(textOf(decompressed(bytesOf("\x03\x00"s), 0)), "");
     std::string wrongSum = gzipped;
     wrongSum[20] ^= 1;
     EXPECT_EQ(textOf(gunzipped(bytesOf(wrongSum))), "absent");

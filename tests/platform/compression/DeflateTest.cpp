@@ -23,7 +23,7 @@ Data made(std::size_t size, Content content)
 
 }  // namespace
 
-TEST(Deflate, ComesBackWholeAtEverySizeAroundAChunk)
+TEST(Deflate, ComesBackWholeAtEverySizeAroundAChunkAndUpToItsCap)
 {
     for (const std::size_t size : {1, 64, 65, 65'535, 65'536, 65'537, 400'001, 5'000'000}) {
         for (const Content content : {Content::text, Content::noise, Content::zeros}) {
@@ -31,6 +31,8 @@ TEST(Deflate, ComesBackWholeAtEverySizeAroundAChunk)
             const auto stream = deflate(bytes);
             ASSERT_TRUE(stream) << size;
             EXPECT_EQ(inflate(*stream, Wrapper::none), bytes) << size;
+            EXPECT_EQ(inflate(*stream, Wrapper::none, size), bytes) << size;
+            EXPECT_FALSE(inflate(*stream, Wrapper::none, size - 1)) << size;
         }
     }
 }
