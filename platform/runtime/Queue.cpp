@@ -31,6 +31,13 @@ constexpr int spinsBeforeSleep = 50;
 // early; so sleep is short and looks again.
 constexpr auto longestSleep = std::chrono::milliseconds(1);
 
+void pauseProcessor()
+{
+#if defined(__x86_64__) || defined(__i386__)
+    __builtin_ia32_pause();
+#endif
+}
+
 class GlobalExecutor final : public Executor {
     void async(std::function<void()> block) override { WorkerPool::shared().post(std::move(block)); }
 };
@@ -176,7 +183,7 @@ void Queue::awaitReaders(Lock& lock)
     SlotSet reading = markedSlots(known, this);
     for (int spins = 0; parallelUses_ > 0 || reading; ++spins) {
         if (parallelUses_ == 0 && spins < spinsBeforeSleep) {
-            __builtin_ia32_pause();
+            pauseProcessor();
         } else {
             isAwaited_ = true;
             changed_.wait_for(lock, longestSleep);

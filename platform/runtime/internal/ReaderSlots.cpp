@@ -40,6 +40,7 @@ struct SlotOwner {
     ~SlotOwner()
     {
         threadRecord.cells = nullptr;
+        threadRecord.slot = 0;  // it is another thread's soon
         if (slot) slot->isTaken = false;
     }
 };
