@@ -1,7 +1,8 @@
 #pragma once
 
-#include <concepts>
 #include <string>
+
+#include "platform/runtime/Number.h"
 
 namespace Fennick {
 
@@ -23,10 +24,10 @@ float rounded(float x, int places);
 double rounded(double x, RoundingRule rule);
 
 // x to a multiple of step by the rule.
-template <std::floating_point T>
-T rounded(T x, T step, RoundingRule rule)
+template <typename T>
+requires Platform::OneOf<T, float, double, Platform::CGFloat> T rounded(T x, T step, RoundingRule rule)
 {
-    return static_cast<T>(rounded(static_cast<double>(x / step), rule)) * step;
+    return static_cast<T>(rounded(static_cast<double>(x / step), rule) * step);
 }
 
 // Infinite or not a number.

@@ -1,5 +1,7 @@
 #include "Fennick/images/LayerImages.h"
 
+#include <cmath>
+
 #include "platform/runtime/FatalError.h"
 
 namespace Fennick {

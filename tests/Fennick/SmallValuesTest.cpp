@@ -26,6 +26,7 @@ TEST(Rounded, FollowsTheProductOrTheRule)
     for (const auto& [rule, above, below] : cases) {
         EXPECT_EQ(rounded(12.5, 5.0, rule), above);
         EXPECT_EQ(rounded(-12.5F, 5.0F, rule), below);
+        EXPECT_EQ(rounded(Platform::CGFloat(12.5), Platform::CGFloat(5), rule), above);
     }
     EXPECT_TRUE(isInvalid(rounded(1.0, 0.0, up)));
     EXPECT_TRUE(isInvalid(-std::numeric_limits<float>::infinity()));

@@ -1,5 +1,6 @@
 #include "platform/text/internal/NumberFormatter.h"
 
+#include <cmath>
 #include <tuple>
 #include <utility>
 
@@ -24,7 +25,10 @@ LocalizedNumberFormatter localized(const icu::Locale& locale, const NumberStyle&
 
 FormattedNumber formatted(const LocalizedNumberFormatter& formatter, const Number& number, UErrorCode& status)
 {
-    if (number.isFloatingPoint()) return formatter.formatDouble(number.doubleValue(), status);
+    if (number.isFloatingPoint()) {
+        const double value = number.doubleValue();
+        return formatter.formatDouble(std::isnan(value) ? std::abs(value) : value, status);  // no sign where no number
+    }
     if (number.isUnsigned64()) return formatter.formatDecimal(std::to_string(number.uint64Value()), status);
     return formatter.formatInt(number.int64Value(), status);
 }

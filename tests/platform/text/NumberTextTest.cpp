@@ -76,6 +76,7 @@ TEST(NumberText, FollowsTheLocaleAndTheStyle)
              Row{"en_US", 0.05, upTo(2), "0.05"},
              Row{"en_US", -0.001, fixed(2), "-0.00"},
              Row{"en_US", infinity, fixed(1), "∞"},
+             Row{"en_US", -std::nan(""), fixed(1), "NaN"},
              Row{"de_DE", 1234.5, fixed(2), "1234,50"},
              Row{"ar_EG", 12.5, fixed(1), "١٢٫٥"},
              Row{"en_US", 1234567, grouped, "1,234,567"},
