@@ -10,6 +10,7 @@ void startCurl()
 
 void forgetSession(CURL* easy)
 {
+    if (easy == nullptr) return;
     curl_easy_setopt(easy, CURLOPT_COOKIEFILE, nullptr);  // the reset would leak its list
     curl_easy_setopt(easy, CURLOPT_SHARE, nullptr);
     curl_easy_reset(easy);

@@ -110,7 +110,8 @@ void NetworkThread::admit()
         ticket->easy = takeHandle();
         ticket->transfer->prepare(ticket->easy.get(), std::chrono::steady_clock::now());
         active_.push_back(ticket);
-        curl_multi_add_handle(multi_.get(), ticket->easy.get());
+        if (curl_multi_add_handle(multi_.get(), ticket->easy.get()) == CURLM_OK) continue;
+        end(std::prev(active_.end()), ticket->transfer->failed(URLError::Code::unknown));
     }
 }
 
@@ -136,7 +137,7 @@ EasyHandle NetworkThread::takeHandle()
 void NetworkThread::giveBack(EasyHandle handle)
 {
     constexpr std::size_t mostIdle = 16;
-    if (idleHandles_.size() >= mostIdle) return;
+    if (!handle || idleHandles_.size() >= mostIdle) return;
     forgetSession(handle.get());
     idleHandles_.push_back(std::move(handle));
 }

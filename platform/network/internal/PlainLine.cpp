@@ -42,8 +42,8 @@ FetchOutcome PlainLine::perform(Transfer& transfer)
 {
     const WithoutBrokenPipe guard;
     transfer.prepare(easy_.get(), std::chrono::steady_clock::now());
-    curl_multi_add_handle(multi_.get(), easy_.get());
-    FetchOutcome outcome = waitFor(transfer);
+    const bool isIn = curl_multi_add_handle(multi_.get(), easy_.get()) == CURLM_OK;
+    FetchOutcome outcome = isIn ? waitFor(transfer) : transfer.failed(URLError::Code::unknown);
     curl_multi_remove_handle(multi_.get(), easy_.get());
     forgetSession(easy_.get());
     return outcome;
@@ -54,11 +54,12 @@ FetchOutcome PlainLine::waitFor(Transfer& transfer)
     constexpr std::chrono::milliseconds longest(60 * 60 * 1000);
     for (;;) {
         int running = 0;
-        curl_multi_perform(multi_.get(), &running);
+        const CURLMcode moved = curl_multi_perform(multi_.get(), &running);
         int left = 0;
         while (const CURLMsg* message = curl_multi_info_read(multi_.get(), &left)) {
             if (message->msg == CURLMSG_DONE) return transfer.finished(message->data.result);
         }
+        if (moved != CURLM_OK) return transfer.failed(URLError::Code::unknown);
         const auto now = std::chrono::steady_clock::now();
         const auto deadline = transfer.deadline();
         if (deadline <= now) return transfer.failed(URLError::Code::timedOut);
