@@ -35,7 +35,7 @@ bool isHeaderValue(std::string_view text)
     return std::none_of(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
 }
 
-std::string_view trimmed(std::string_view text)
+std::string_view withoutOuterSpace(std::string_view text)
 {
     constexpr std::string_view space = " \t\r\n";
     text.remove_prefix(std::min(text.find_first_not_of(space), text.size()));

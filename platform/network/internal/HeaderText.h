@@ -11,6 +11,6 @@ bool isHttpToken(std::string_view text);
 // Nothing that would end the line or the text.
 bool isHeaderValue(std::string_view text);
 // Without the white space around it.
-std::string_view trimmed(std::string_view text);
+std::string_view withoutOuterSpace(std::string_view text);
 
 }  // namespace Platform

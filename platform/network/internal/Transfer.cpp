@@ -128,7 +128,7 @@ void Transfer::setHeaders()
 {
     // An empty value has a notation of its own; "Name:" would take the field out.
     for (const auto& [name, value] : request_.headers()) {
-        append(headerLines_, trimmed(value).empty() ? name + ';' : name + ": " + value);
+        append(headerLines_, withoutOuterSpace(value).empty() ? name + ';' : name + ": " + value);
     }
     const auto& given = request_.headers();
     // What the library would add by itself and nobody asked for.
@@ -165,7 +165,7 @@ void Transfer::addHeaderLine(std::string_view line)
     }
     const std::size_t colon = line.find(':');
     if (colon == std::string_view::npos) return;
-    responseHeaders_.emplace_back(line.substr(0, colon), trimmed(line.substr(colon + 1)));
+    responseHeaders_.emplace_back(line.substr(0, colon), withoutOuterSpace(line.substr(colon + 1)));
 }
 
 std::size_t Transfer::onBody(char* bytes, std::size_t, std::size_t count, void* self)
