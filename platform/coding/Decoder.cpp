@@ -1,5 +1,6 @@
 #include "platform/coding/Decoder.h"
 
+#include <charconv>
 #include <cmath>
 #include <unordered_set>
 #include <utility>
@@ -14,9 +15,12 @@ constexpr double twoTo64 = 18446744073709551616.0;
 constexpr std::string_view kindNames[] = {"null",   "a boolean", "a number", "a number", "a number",
                                           "a text", "a date",    "a URL",    "an array", "a dictionary"};
 
-std::string doesNotFit(const std::string& number)
+template <typename N>
+std::string doesNotFit(N number)
 {
-    return "The number " + number + " does not fit in the wanted type.";
+    char text[32];  // the shortest form that reads back
+    char* const end = std::to_chars(text, text + sizeof text, number).ptr;
+    return "The number " + std::string(text, end) + " does not fit in the wanted type.";
 }
 
 }  // namespace
@@ -87,21 +91,21 @@ std::int64_t Decoder::signedWithin(std::int64_t low, std::int64_t high) const
             break;
         case Kind::unsignedInteger:
             if (tape().unsignedInteger(node_) > static_cast<std::uint64_t>(high)) {
-                throwCorrupted(doesNotFit(std::to_string(tape().unsignedInteger(node_))));
+                throwCorrupted(doesNotFit(tape().unsignedInteger(node_)));
             }
             value = static_cast<std::int64_t>(tape().unsignedInteger(node_));
             break;
         case Kind::real: {
             const double real = tape().real(node_);
             const bool isWhole = real >= -twoTo63 && real < twoTo63 && real == std::trunc(real);
-            if (!isWhole) throwCorrupted(doesNotFit(std::to_string(real)));
+            if (!isWhole) throwCorrupted(doesNotFit(real));
             value = static_cast<std::int64_t>(real);
             break;
         }
         default:
             throwMismatch("a number");
     }
-    if (value < low || value > high) throwCorrupted(doesNotFit(std::to_string(value)));
+    if (value < low || value > high) throwCorrupted(doesNotFit(value));
     return value;
 }
 
@@ -110,7 +114,7 @@ std::uint64_t Decoder::unsignedUpTo(std::uint64_t high) const
     std::uint64_t value = 0;
     switch (tape().kind(node_)) {
         case Kind::integer:
-            if (tape().integer(node_) < 0) throwCorrupted(doesNotFit(std::to_string(tape().integer(node_))));
+            if (tape().integer(node_) < 0) throwCorrupted(doesNotFit(tape().integer(node_)));
             [[fallthrough]];
         case Kind::unsignedInteger:
             value = tape().unsignedInteger(node_);
@@ -118,14 +122,14 @@ std::uint64_t Decoder::unsignedUpTo(std::uint64_t high) const
         case Kind::real: {
             const double real = tape().real(node_);
             const bool isWhole = real >= 0 && real < twoTo64 && real == std::trunc(real);
-            if (!isWhole) throwCorrupted(doesNotFit(std::to_string(real)));
+            if (!isWhole) throwCorrupted(doesNotFit(real));
             value = static_cast<std::uint64_t>(real);
             break;
         }
         default:
             throwMismatch("a number");
     }
-    if (value > high) throwCorrupted(doesNotFit(std::to_string(value)));
+    if (value > high) throwCorrupted(doesNotFit(value));
     return value;
 }
 
@@ -147,7 +151,7 @@ float Decoder::real32() const
 {
     const double value = real();
     const auto narrow = static_cast<float>(value);
-    if (std::isinf(narrow) && !std::isinf(value)) throwCorrupted(doesNotFit(std::to_string(value)));
+    if (std::isinf(narrow) && !std::isinf(value)) throwCorrupted(doesNotFit(value));
     return narrow;
 }
 

@@ -123,8 +123,8 @@ TEST(TypedCoding, SaysWhichMemberDoesNotFit)
               "1 sensors[0].name: Expected a text but found a number.");
     EXPECT_EQ(errorOf<Station>(sensors(R"("name":null)")), "3 sensors[0].name: Expected a text but found null.");
     EXPECT_EQ(errorOf<Station>(sensors(R"("name":"a")")), "2 sensors[0]: No value associated with key \"channel\".");
-    EXPECT_EQ(errorOf<Station>(sensors(R"("name":"a","channel":256)")),
-              "0 sensors[0].channel: The number 256 does not fit in the wanted type.");
+    EXPECT_EQ(errorOf<Station>(sensors(R"("name":"a","channel":2.5)")),
+              "0 sensors[0].channel: The number 2.5 does not fit in the wanted type.");
     EXPECT_EQ(errorOf<std::vector<Station>>("[[]]"), "1 [0]: Expected a dictionary but found an array.");
     EXPECT_EQ(errorOf<Point>("[1]"), "3 [1]: The array has no more values.");
     EXPECT_EQ(errorOf<Date>("\"2023-02-29T00:00:00Z\"", DateStrategy::iso8601), "0 Expected a date in ISO 8601 form.");
