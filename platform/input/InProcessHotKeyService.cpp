@@ -1,7 +1,6 @@
 #include "platform/input/InProcessHotKeyService.h"
 
 #include "platform/input/KeyPositions.h"
-#include "platform/input/ModifierFlags.h"
 
 namespace Platform {
 

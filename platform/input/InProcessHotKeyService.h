@@ -3,6 +3,7 @@
 #include <set>
 
 #include "platform/input/HotKeyTable.h"
+#include "platform/input/ModifierFlags.h"
 
 namespace Platform {
 
@@ -15,8 +16,8 @@ public:
     HotKeyStatus unregisterKey(HotKeyHandle handle) override;
     std::optional<HotKeyEventHandlerHandle> installEventHandler(HotKeyEventHandler handler) override;
 
-    // Handlers have run when these return.
-    void press(std::uint32_t keyCode, std::uint32_t modifiers) { table_.press({keyCode, modifiers}); }
+    // Handlers have run when these return. Locks make no difference here either.
+    void press(std::uint32_t keyCode, std::uint32_t modifiers) { table_.press({keyCode, modifiers & HotKeyMask::all}); }
     void release(std::uint32_t keyCode) { table_.release(keyCode); }
 
     // Combinations that another program holds.

@@ -42,6 +42,7 @@ HotKeyStatus X11HotKeyService::unregisterKey(HotKeyHandle handle)
     if (!table_->remove(handle)) return HotKeyStatuses::hotKeyInvalid;
     dropUnused();
     claim();
+    connection_->deliverSoon();
     return connection_->isLost() ? HotKeyStatuses::unsupported : HotKeyStatuses::noError;
 }
 

@@ -118,7 +118,7 @@ std::optional<XKey> XKeyMap::key(const KeyCombination& combination) const
     XKey key{position->second, 0};
     for (const auto& modifier : modifiers) {
         if (!(combination.modifiers & modifier.mask)) continue;
-        if (modifier.bit == 0) return std::nullopt;
+        if (modifier.bit == 0 || modifier.bit & locks()) return std::nullopt;
         key.modifiers |= modifier.bit;
     }
     return key;
@@ -141,7 +141,7 @@ std::vector<XKey> XKeyMap::withLocks(const XKey& key) const
 std::uint16_t XKeyMap::withoutLocks(std::uint16_t state) const
 {
     constexpr unsigned allModifiers = 0xFF;
-    return static_cast<std::uint16_t>(state & allModifiers & ~(XCB_MOD_MASK_LOCK | numLock_ | scrollLock_));
+    return static_cast<std::uint16_t>(state & allModifiers & ~locks());
 }
 
 }  // namespace Platform

@@ -26,7 +26,8 @@ public:
     // Empty when the server is gone.
     static XKeyMap read(xcb_connection_t* connection);
 
-    // Absent when the keyboard has no such position, or no such modifier.
+    // Absent when the keyboard has no such position, or no such modifier, or
+    // has it on a lock's place, where it cannot be told from the lock.
     std::optional<XKey> key(const KeyCombination& combination) const;
     // The same key under every state of the locking modifiers.
     std::vector<XKey> withLocks(const XKey& key) const;
@@ -36,6 +37,8 @@ public:
     friend bool operator==(const XKeyMap&, const XKeyMap&) = default;
 
 private:
+    unsigned locks() const { return XCB_MOD_MASK_LOCK | numLock_ | scrollLock_; }
+
     std::map<std::string, xcb_keycode_t, std::less<>> positions_;
     std::uint16_t option_ = 0;
     std::uint16_t command_ = 0;

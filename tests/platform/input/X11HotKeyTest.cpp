@@ -143,6 +143,17 @@ TEST_F(X11HotKey, EarlierOneKeepsWhatTheKeyboardCannotTellApart)
     EXPECT_EQ(service->registerKey(0, option, {1, 1}).status, HotKeyStatuses::hotKeyExists);
 }
 
+TEST_F(X11HotKey, IsRefusedWhereItsModifierCannotBeToldFromNumLock)
+{
+    ASSERT_TRUE(service->registerKey(0, command, {1, 1}).handle);
+    ASSERT_TRUE(editMap("s/modifier_map Mod4/modifier_map Mod2/"));
+    EXPECT_TRUE(eventually([&] {
+        const auto again = service->registerKey(11, command, {1, 2});
+        if (again.handle) service->unregisterKey(*again.handle);
+        return again.status == HotKeyStatuses::hotKeyInvalid;
+    }));
+}
+
 TEST_F(X11HotKey, BearsTwoHundredRegistrations)
 {
     const std::uint32_t masks[] = {control, option, command, control | option, control | command};
