@@ -1,5 +1,6 @@
 #include "Fennick/images/LayerImages.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/runtime/FatalError.h"
@@ -30,8 +31,10 @@ ImageRef snapshot(const Layer& layer)
 {
     const Size size = layer.frame().size;
     if (!size.isFinite()) fatalError("The layer's frame is not finite.", "Fennick/Layer");
+    if (!Bitmap::isPossible(std::max(size.width, 1.0), std::max(size.height, 1.0))) {
+        fatalError("The layer's frame is too large.", "Fennick/Layer");
+    }
     if (size.width < 1 || size.height < 1) return std::make_shared<Image>(size);
-    if (!Bitmap::isPossible(size.width, size.height)) fatalError("The layer's frame is too large.", "Fennick/Layer");
     auto pixels = Bitmap::create(static_cast<int>(size.width), static_cast<int>(size.height));
     if (!pixels) return std::make_shared<Image>(size);
     return std::make_shared<Image>(rendered(layer, std::move(*pixels), 0, 0), size);

@@ -97,16 +97,9 @@ Platform::HotKeyStatus CarbonHotkeyController::handleEvent(const Platform::HotKe
     if (found == table().hotKeys.end()) return Statuses::eventNotHandled;
 
     const std::shared_ptr<const HotKey> hotKey = found->second;  // the handler may end the registration
-    switch (event->kind) {
-        case Platform::HotKeyEventKind::pressed:
-            hotKey->onKeyDown()(hotKey->shortcut());
-            break;
-        case Platform::HotKeyEventKind::released:
-            hotKey->onKeyUp()(hotKey->shortcut());
-            break;
-        default:
-            return Statuses::eventNotHandled;
-    }
+    const bool isPress = event->kind == Platform::HotKeyEventKind::pressed;
+    if (!isPress && event->kind != Platform::HotKeyEventKind::released) return Statuses::eventNotHandled;
+    if (const Handler& handler = isPress ? hotKey->onKeyDown() : hotKey->onKeyUp()) handler(hotKey->shortcut());
     return Statuses::noError;
 }
 

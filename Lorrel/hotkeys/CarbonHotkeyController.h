@@ -58,7 +58,7 @@ public:
     static std::optional<Platform::HotKeyEventHandlerHandle> eventHandler();
 
     // Nothing is kept or told when the system refuses, or when key code or
-    // number do not fit the system's 32 bits.
+    // number do not fit the system's 32 bits. A handler may be empty.
     static void register_(const Hotkey& shortcut, Handler onKeyDown, Handler onKeyUp);
     // Every registration of an equal value.
     static void unregister(const Hotkey& shortcut);

@@ -12,7 +12,9 @@ void callAll(const HotkeyController::Handlers& handlers, const Hotkey& shortcut)
     const auto found = handlers.find(shortcut);
     if (found == handlers.end()) return;
     const auto list = found->second;
-    for (const auto& handler : list) handler();
+    for (const auto& handler : list) {
+        if (handler) handler();
+    }
 }
 
 }  // namespace

@@ -32,9 +32,10 @@ bool Alert::confirm(const std::string& message, const std::string& information)
 void Alert::confirm(const WindowRef& window, const std::string& message, const std::string& information,
                     std::function<void(bool)> completion)
 {
-    AlertPanel::shared().beginSheet(
-        window, request(AlertStyle::informational, message, information, "NO", "YES"),
-        [completion = std::move(completion)](const AlertAnswer& answer) { completion(isYes(answer)); });
+    AlertPanel::shared().beginSheet(window, request(AlertStyle::informational, message, information, "NO", "YES"),
+                                    [completion = std::move(completion)](const AlertAnswer& answer) {
+                                        if (completion) completion(isYes(answer));
+                                    });
 }
 
 void Alert::askForText(const std::string& message, const std::string& information,
@@ -44,7 +45,7 @@ void Alert::askForText(const std::string& message, const std::string& informatio
     AlertRequest prompt = request(AlertStyle::warning, message, information, "OK", "CANCEL");
     prompt.textField = AlertRequest::TextField{defaultText.value_or(""), textFieldSize};
     const AlertAnswer answer = AlertPanel::shared().runModal(prompt);
-    completion(answer.text, answer.button == AlertAnswer::firstButton);
+    if (completion) completion(answer.text, answer.button == AlertAnswer::firstButton);
 }
 
 }  // namespace Lorrel
