@@ -19,6 +19,12 @@ AlertAnswer answerOfNobody(const AlertRequest& request)
     return {AlertAnswer::cancelled, request.textField ? request.textField->text : ""};
 }
 
+// Outside the toolkit's own calls: the completion may end the window, and the sheet with it.
+void complete(AlertPanel::Completion completion, AlertAnswer answer)
+{
+    RunLoop::main().post([completion = std::move(completion), answer = std::move(answer)] { completion(answer); });
+}
+
 class QtAlertPanel final : public AlertPanel {
 public:
     AlertAnswer runModal(const AlertRequest& request) override
@@ -33,13 +39,12 @@ public:
     void beginSheet(const WindowRef& window, const AlertRequest& request, Completion completion) override
     {
         if (!DialogAudience::shared().isPresent()) {
-            return RunLoop::main().post(
-                [answer = answerOfNobody(request), completion = std::move(completion)] { completion(answer); });
+            return complete(std::move(completion), answerOfNobody(request));
         }
         ensureWidgetApplication();
         auto* dialog = new AlertDialog(request, WindowAccess::widget(window));
-        Platform::beginSheet(dialog,
-                             [dialog, completion = std::move(completion)](QDialog&) { completion(dialog->answer()); });
+        Platform::beginSheet(
+            dialog, [dialog, completion = std::move(completion)](QDialog&) { complete(completion, dialog->answer()); });
     }
 };
 

@@ -13,7 +13,8 @@ namespace Platform {
 enum class AlertStyle { warning = 0, informational = 1, critical = 2 };
 
 // One box with a question: a message, an explanation, buttons in the order
-// that they stand in, and a one-line text field where one is wanted.
+// that they stand in, and a one-line text field, without a focus ring, where
+// one is wanted.
 struct AlertRequest {
     struct TextField {
         std::string text;

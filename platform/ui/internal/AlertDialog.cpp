@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStyleOption>
 #include <cmath>
 
 #include "platform/ui/Image.h"
@@ -22,6 +23,19 @@ QString qtText(const std::string& text)
 {
     return QString::fromStdString(text);
 }
+
+// Without a ring around it: the box opens with the focus in its only field.
+class PlainField final : public QLineEdit {
+public:
+    using QLineEdit::QLineEdit;
+
+protected:
+    void initStyleOption(QStyleOptionFrame* option) const override
+    {
+        QLineEdit::initStyleOption(option);
+        option->state &= ~QStyle::State_HasFocus;
+    }
+};
 
 // The box reads as its texts do.
 Qt::LayoutDirection directionOf(const AlertRequest& request)
@@ -85,7 +99,7 @@ void AlertDialog::addTexts(const AlertRequest& request, QGridLayout& grid)
 
 void AlertDialog::addTextField(const AlertRequest::TextField& field, QGridLayout& grid)
 {
-    textField_ = new QLineEdit(qtText(field.text));
+    textField_ = new PlainField(qtText(field.text));
     textField_->setFixedSize(int(std::lround(field.size.width)), int(std::lround(field.size.height)));
     textField_->setAccessibleName(windowTitle());
     textField_->selectAll();

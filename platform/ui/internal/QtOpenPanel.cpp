@@ -52,8 +52,10 @@ void QtOpenPanel::beginSheet(const WindowRef& window, const OpenPanelRequest& re
     }
     ensureWidgetApplication();
     auto* panel = makeOpenPanel(request, WindowAccess::widget(window)).release();
-    Platform::beginSheet(panel,
-                         [panel, completion = std::move(completion)](QDialog&) { completion(answerOf(*panel)); });
+    Platform::beginSheet(panel, [panel, completion = std::move(completion)](QDialog&) {
+        // Outside the toolkit's own calls: it may end the window, and the panel with it.
+        RunLoop::main().post([completion, answer = answerOf(*panel)] { completion(answer); });
+    });
 }
 
 }  // namespace Platform

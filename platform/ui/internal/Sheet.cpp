@@ -25,7 +25,7 @@ private:
     QDialog& sheet_;
 };
 
-// Calls at the latest when the sheet is destroyed with its parent.
+// Calls the first time only: a parent that ends rejects the sheet once more.
 class Completion final : public QObject {
 public:
     Completion(QDialog& sheet, std::function<void(QDialog&)> call)

@@ -110,8 +110,10 @@ class Sheets : public testing::Test {
 protected:
     void begin()
     {
-        AlertPanel::shared().beginSheet(window, question,
-                                        [this](const AlertAnswer& a) { answers.push_back(a.button); });
+        AlertPanel::shared().beginSheet(window, question, [this](const AlertAnswer& a) {
+            answers.push_back(a.button);
+            window.reset();
+        });
         EXPECT_TRUE(answers.empty());
     }
     bool answered()
@@ -127,7 +129,7 @@ protected:
     std::vector<int> answers;
 };
 
-TEST_F(Sheets, AnswerOnce)
+TEST_F(Sheets, AnswerOnceAndMayEndTheirWindowThen)
 {
     window->show();
     DialogDriver driver({[&](QDialog& sheet) {
@@ -136,7 +138,6 @@ TEST_F(Sheets, AnswerOnce)
     }});
     begin();
     EXPECT_TRUE(answered());
-    window.reset();
     settle();
     EXPECT_EQ(answers, std::vector{1001});
 }
@@ -145,6 +146,7 @@ TEST_F(Sheets, AreCancelledOnceWhenTheirWindowClosesOrEnds)
 {
     for (const bool ends : {false, true}) {
         answers.clear();
+        window = Window::create({300, 200}, "Parent");
         window->show();
         DialogDriver driver({[&](QDialog&) { ends ? window.reset() : window->close(); }});
         begin();
