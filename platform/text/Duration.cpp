@@ -9,6 +9,8 @@ namespace Platform {
 
 namespace {
 
+using icu::number::LocalizedNumberFormatter;
+
 struct Unit {
     double seconds;
     icu::MeasureUnit (*measure)();
@@ -34,6 +36,29 @@ const Unit& unitOf(UnitDuration unit)
     return units[static_cast<int>(unit)];
 }
 
+LocalizedNumberFormatter madeFor(UnitDuration unit)
+{
+    return icu::number::NumberFormatter::withLocale(icu::Locale(currentLocaleName().c_str()))
+        .unit(unitOf(unit).measure())
+        .unitWidth(UNUM_UNIT_WIDTH_SHORT)
+        .precision(icu::number::Precision::maxFraction(3));
+}
+
+// The thread's last one is kept: making one takes many times as long as writing.
+const LocalizedNumberFormatter& formatterFor(UnitDuration unit)
+{
+    struct Kept {
+        unsigned locale;
+        UnitDuration unit;
+        LocalizedNumberFormatter formatter;
+    };
+    thread_local std::optional<Kept> kept;
+    const unsigned locale = currentLocaleGeneration();
+    const bool serves = kept && kept->locale == locale && kept->unit == unit;
+    if (!serves) kept = {locale, unit, madeFor(unit)};
+    return kept->formatter;
+}
+
 }  // namespace
 
 double secondsIn(UnitDuration unit)
@@ -44,11 +69,7 @@ double secondsIn(UnitDuration unit)
 std::optional<std::string> durationText(double value, UnitDuration unit)
 {
     UErrorCode status = U_ZERO_ERROR;
-    const auto formatter = icu::number::NumberFormatter::withLocale(icu::Locale(currentLocaleName().c_str()))
-                               .unit(unitOf(unit).measure())
-                               .unitWidth(UNUM_UNIT_WIDTH_SHORT)
-                               .precision(icu::number::Precision::maxFraction(3));
-    const icu::UnicodeString text = formatter.formatDouble(value, status).toString(status);
+    const icu::UnicodeString text = formatterFor(unit).formatDouble(value, status).toString(status);
     if (U_FAILURE(status)) return std::nullopt;
     std::string utf8;
     return text.toUTF8String(utf8);

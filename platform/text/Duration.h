@@ -10,7 +10,8 @@ enum class UnitDuration { hours, minutes, seconds, milliseconds, microseconds, n
 double secondsIn(UnitDuration unit);
 
 // A measurement with its unit in the current locale's short form ("1.5 hr"),
-// three fraction digits at most; absent when the library has no text. Thread: any.
+// three fraction digits at most; absent when the library has no text.
+// Thread: any; a formatter is kept per thread.
 std::optional<std::string> durationText(double value, UnitDuration unit);
 
 }  // namespace Platform
