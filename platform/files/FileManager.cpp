@@ -1,7 +1,6 @@
 #include "platform/files/FileManager.h"
 
 #include <cerrno>
-#include <filesystem>
 #include <memory>
 
 #include <fcntl.h>
@@ -9,14 +8,16 @@
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
-#include "platform/files/internal/DirectoryReader.h"
+#include "platform/files/internal/FolderRemoval.h"
 #include "platform/files/internal/FolderWalk.h"
-#include "platform/runtime/FileDescriptor.h"
+#include "platform/runtime/FileBytes.h"
 #include "platform/runtime/Shared.h"
 
 namespace Platform {
 
 namespace {
+
+constexpr std::size_t largestContent = std::size_t{1} << 30;
 
 Date dateOf(const statx_timestamp& time)
 {
@@ -99,21 +100,7 @@ Result<FileAttributes> FileManager::attributes(const std::string& path) const
 
 Result<std::string> FileManager::contents(const std::string& path) const
 {
-    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!file) return Error::fromErrno("open", path, errno);
-    struct stat status {};
-    ::fstat(file.get(), &status);
-    std::string content(S_ISREG(status.st_mode) ? static_cast<std::size_t>(status.st_size) + 1 : 65536, '\0');
-    for (std::size_t filled = 0;;) {
-        if (filled == content.size()) content.resize(2 * filled);
-        const ssize_t count = ::read(file.get(), content.data() + filled, content.size() - filled);
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return Error::fromErrno("read", path, errno);
-        filled += static_cast<std::size_t>(count);
-        if (count > 0) continue;
-        content.resize(filled);
-        return content;
-    }
+    return readFileBytes(path, largestContent);
 }
 
 Result<std::vector<std::string>> FileManager::contentsOfDirectory(const std::string& path) const
@@ -136,11 +123,7 @@ Result<void> FileManager::enumerate(const std::string& folder, const Enumeration
 
 Result<void> FileManager::removeItem(const std::string& path) const
 {
-    std::error_code failure;
-    const auto removed = std::filesystem::remove_all(path, failure);
-    if (failure) return Error::fromErrno("remove", path, failure.value());
-    if (removed == 0) return Error::fromErrno("remove", path, ENOENT);
-    return {};
+    return FolderRemoval(path).run();
 }
 
 }  // namespace Platform

@@ -44,7 +44,8 @@ public:
     virtual bool isReadable(const std::string& path) const;
     // Of the entry itself: a link is not followed.
     virtual Result<FileAttributes> attributes(const std::string& path) const;
-    // The whole content of a file.
+    // The whole content of a regular file; fails on one of more than a gigabyte,
+    // and where there is no memory for it.
     virtual Result<std::string> contents(const std::string& path) const;
     // The names of all entries directly inside a folder, "." and ".." left out.
     virtual Result<std::vector<std::string>> contentsOfDirectory(const std::string& path) const;
@@ -56,7 +57,8 @@ public:
     virtual Result<void> enumerate(const std::string& folder, const EnumerationOptions& options,
                                    const EntryVisitor& visit) const;
 
-    // Removes an entry, a folder with all that it holds; links are not followed.
+    // Removes an entry, a folder with all that it holds, at any depth; links are
+    // not followed. Stops at the first that cannot be removed.
     virtual Result<void> removeItem(const std::string& path) const;
 };
 

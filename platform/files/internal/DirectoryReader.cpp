@@ -23,4 +23,12 @@ long readEntryBlock(int folder, char* block)
     return filled;
 }
 
+bool readAllEntries(int folder, char* block, std::vector<char>& entries)
+{
+    entries.clear();
+    long filled;
+    while ((filled = readEntryBlock(folder, block)) > 0) entries.insert(entries.end(), block, block + filled);
+    return filled == 0;
+}
+
 }  // namespace Platform

@@ -30,6 +30,10 @@ constexpr std::size_t entryBlockSize = 64 * 1024;
 // Fills one block with the folder's next entries. Bytes filled; 0 at the end; -1 with errno.
 long readEntryBlock(int folder, char* block);
 
+// Replaces the content by all entries of the folder. False, with errno, when
+// they cannot be read.
+bool readAllEntries(int folder, char* block, std::vector<char>& entries);
+
 // Calls back with each entry of a filled block, "." and ".." left out.
 template <typename Callback>
 void forEachEntry(const char* block, long filled, Callback&& callback)

@@ -49,7 +49,7 @@ bool FolderWalk::enter(FileDescriptor folder)
 {
     if (levels_.size() == depth_) levels_.emplace_back();
     Level& level = levels_[depth_];
-    if (!readAll(folder.get(), level.entries)) return false;
+    if (!readAllEntries(folder.get(), block_.get(), level.entries)) return false;
     level.next = 0;
     level.pathLength = path_.size();
     const Level* parent = depth_ > 0 ? &levels_[depth_ - 1] : nullptr;
@@ -63,16 +63,6 @@ bool FolderWalk::enter(FileDescriptor folder)
     }
     ++depth_;
     return true;
-}
-
-bool FolderWalk::readAll(int folder, std::vector<char>& entries)
-{
-    entries.clear();
-    long count;
-    while ((count = readEntryBlock(folder, block_.get())) > 0) {
-        entries.insert(entries.end(), block_.get(), block_.get() + count);
-    }
-    return count == 0;
 }
 
 Visit FolderWalk::visitNext()

@@ -27,7 +27,6 @@ private:
     };
 
     bool enter(FileDescriptor folder);
-    bool readAll(int folder, std::vector<char>& entries);
     Visit visitNext();
     DirectoryEntry describe(const char* name, unsigned char type, Error& error);
     bool isWorthEntering(const DirectoryEntry& entry) const;

@@ -5,6 +5,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -143,6 +144,7 @@ TEST_F(PathListingsTest, SizeCountsEveryEntryThatIsNoFolder)
     folder.write("sparse", "");
     std::filesystem::resize_file(folder / "sparse", 5'000'000'000'000);
     EXPECT_EQ(Path::fileSize(at("sparse")), 5'000'000'000'000u);
+    EXPECT_FALSE(Platform::FileManager::shared().contents(folder / "sparse"));
     EXPECT_EQ(Path::size(folder.url()), 8 * 5 + links + 5'000'000'000'000u);
 }
 
@@ -176,7 +178,13 @@ TEST_F(PathListingsTest, DepthBeyondTheLongestPathIsNoObstacle)
     EXPECT_EQ(Path::subfolders(folder.url()).size(), static_cast<std::size_t>(levels));
     EXPECT_EQ(Path::files(folder.url(), "bottom").size(), 1u);
     EXPECT_EQ(Path::size(folder.url()), 3u);
+    // A descriptor a level is more than there are.
+    rlimit usual{};
+    ::getrlimit(RLIMIT_NOFILE, &usual);
+    const rlimit few{64, usual.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &few);
     EXPECT_TRUE(Path::remove(at(name)));
+    ::setrlimit(RLIMIT_NOFILE, &usual);
 }
 
 TEST_F(PathListingsTest, NamesAreBytesInAnyEncoding)
