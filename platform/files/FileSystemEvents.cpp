@@ -19,17 +19,14 @@ namespace Platform {
 
 namespace {
 
-Error noDescriptor()
-{
-    return Error::fromErrno("inotify_init1", "", errno);
-}
-
 class LoopEvents final : public FileSystemEvents {
 public:
     Result<Subscription> watch(int descriptor, Handler handler) override
     {
-        if (table_->descriptor() < 0) return noDescriptor();
-        if (!readable_.isActive()) {
+        if (!table_) {
+            auto table = InotifyTable::open();
+            if (!table) return table.error();
+            table_ = *table;
             readable_ = RunLoop::main().watch(table_->descriptor(), EPOLLIN,
                                               [table = table_](std::uint32_t) { table->dispatch(); });
         }
@@ -37,7 +34,7 @@ public:
     }
 
 private:
-    const std::shared_ptr<InotifyTable> table_ = std::make_shared<InotifyTable>();
+    std::shared_ptr<InotifyTable> table_;
     Subscription readable_;
 };
 
@@ -54,19 +51,30 @@ public:
 
     Result<Subscription> watch(int descriptor, Handler handler) override
     {
-        if (table_->descriptor() < 0) return noDescriptor();
         std::lock_guard lock(mutex_);
         if (!thread_.joinable()) {
-            try {
-                thread_ = std::thread([this] { dispatchUntilEnd(); });
-            } catch (const std::system_error& failure) {
-                return Error::fromErrno("pthread_create", "", failure.code().value());
-            }
+            if (const auto started = start(); !started) return started.error();
         }
         return table_->watch(descriptor, std::move(handler));
     }
 
 private:
+    // What fails leaves nothing behind: the next watch tries again.
+    Result<void> start()
+    {
+        auto table = InotifyTable::open();
+        if (!table) return table.error();
+        end_ = FileDescriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+        if (!end_) return Error::fromErrno("eventfd", "", errno);
+        table_ = *table;
+        try {
+            thread_ = std::thread([this] { dispatchUntilEnd(); });
+        } catch (const std::system_error& failure) {
+            return Error::fromErrno("pthread_create", "", failure.code().value());
+        }
+        return {};
+    }
+
     void dispatchUntilEnd()
     {
         pollfd waited[] = {{table_->descriptor(), POLLIN, 0}, {end_.get(), POLLIN, 0}};
@@ -76,8 +84,8 @@ private:
         }
     }
 
-    const std::shared_ptr<InotifyTable> table_ = std::make_shared<InotifyTable>();
-    const FileDescriptor end_{::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};
+    std::shared_ptr<InotifyTable> table_;
+    FileDescriptor end_;
     std::mutex mutex_;
     std::thread thread_;
 };

@@ -37,7 +37,12 @@ bool isFolder(int descriptor)
 
 }  // namespace
 
-InotifyTable::InotifyTable() : notes_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {}
+Result<std::shared_ptr<InotifyTable>> InotifyTable::open()
+{
+    FileDescriptor notes(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+    if (!notes) return Error::fromErrno("inotify_init1", "", errno);
+    return std::shared_ptr<InotifyTable>(new InotifyTable(std::move(notes)));
+}
 
 Result<Subscription> InotifyTable::watch(int descriptor, FileSystemEvents::Handler handler)
 {

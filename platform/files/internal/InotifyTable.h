@@ -4,6 +4,7 @@
 #include <memory>
 #include <mutex>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/files/FileSystemEvents.h"
@@ -15,7 +16,8 @@ namespace Platform {
 // run in the thread that dispatches.
 class InotifyTable : public std::enable_shared_from_this<InotifyTable> {
 public:
-    InotifyTable();
+    // Fails with the system's reason: the user's or the process's descriptors are used up.
+    static Result<std::shared_ptr<InotifyTable>> open();
 
     int descriptor() const { return notes_.get(); }
     Result<Subscription> watch(int descriptor, FileSystemEvents::Handler handler);
@@ -23,6 +25,8 @@ public:
     void dispatch();
 
 private:
+    explicit InotifyTable(FileDescriptor notes) : notes_(std::move(notes)) {}
+
     struct Listener {
         FileSystemEvents::Handler handler;
         bool isActive = true;  // under the table's mutex
