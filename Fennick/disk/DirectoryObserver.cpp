@@ -1,6 +1,7 @@
 #include "Fennick/disk/DirectoryObserver.h"
 
 #include <atomic>
+#include <mutex>
 #include <utility>
 
 #include "platform/files/FileHandle.h"
@@ -10,9 +11,19 @@
 
 namespace Fennick {
 
+// At most one call runs and one waits behind it, whatever happens meanwhile.
 struct DirectoryObserver::Delivery {
     std::function<void()> handler;
     std::atomic<bool> isCancelled = false;
+    std::atomic<bool> isWaiting = false;
+    std::mutex running;
+
+    void call()
+    {
+        std::lock_guard lock(running);
+        isWaiting = false;
+        if (!isCancelled) handler();
+    }
 };
 
 DirectoryObserver::DirectoryObserver(const Platform::Url& url, std::function<void()> handler)
@@ -21,9 +32,7 @@ DirectoryObserver::DirectoryObserver(const Platform::Url& url, std::function<voi
     if (!fileDescriptor_) return;
     delivery_->handler = std::move(handler);
     const auto deliver = [delivery = delivery_](Platform::FileEvents) {
-        Platform::Queue::global().async([delivery] {
-            if (!delivery->isCancelled) delivery->handler();
-        });
+        if (!delivery->isWaiting.exchange(true)) Platform::Queue::global().async([delivery] { delivery->call(); });
     };
     auto source = Platform::FileSystemEvents::background().watch(fileDescriptor_.get(), deliver);
     if (source) {

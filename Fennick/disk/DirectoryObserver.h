@@ -10,9 +10,9 @@
 namespace Fennick {
 
 // Calls back whenever anything happens to one entry of the file system, mostly
-// a folder whose list of entries changes. Events that come together make one
-// call, on a background thread of Queue::global(); no call starts after the
-// observer's end. It stays with the entry that it opened. One that cannot be
+// a folder whose list of entries changes. Events that come together, or while a
+// call is running, make one call, on a background thread of Queue::global(); calls
+// never overlap, and none starts after the observer's end. It stays with the entry that it opened. One that cannot be
 // opened or watched is never heard of (the log says why the watch failed).
 // Thread: any; not copyable.
 class DirectoryObserver {
