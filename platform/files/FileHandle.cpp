@@ -17,6 +17,7 @@ constexpr std::size_t firstBuffer = 4096;
 
 Result<FileHandle> FileHandle::forReadingFrom(const Url& url)
 {
+    if (!url.isFileUrl()) return Error::fromErrno("open", url.absoluteString(), EINVAL);
     const std::string path = url.path();
     FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (!file) return Error::fromErrno("open", path, errno);

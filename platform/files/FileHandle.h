@@ -14,7 +14,7 @@ namespace Platform {
 // Thread: any, one at a time.
 class FileHandle {
 public:
-    // Fails on folders and on what cannot be opened; a pipe without writer does not block.
+    // Fails on folders, on URLs of other schemes and on what cannot be opened; a pipe without writer does not block.
     static Result<FileHandle> forReadingFrom(const Url& url);
 
     int fileDescriptor() const { return file_.get(); }
