@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <string>
 
 #include "Lorrel/resource_bundle_accessor.h"
@@ -26,7 +25,9 @@ Cache& cache()
 // The pieces of a model code that are tried for a picture, most exact first.
 std::vector<std::string> codesOf(std::string_view model)
 {
-    const std::string family(model.substr(0, model.find(',')));
+    const std::size_t start = model.find_first_not_of(',');
+    if (start == std::string_view::npos) return {std::string(model)};
+    const std::string family(model.substr(start, model.find(',', start) - start));
     std::string kind = family;
     std::erase_if(kind, [](char c) { return c >= '0' && c <= '9'; });
     return {std::string(model), family, kind};

@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <iterator>
+#include <span>
 #include <string_view>
 
 #include "Lorrel/resource_bundle_accessor.h"
@@ -13,20 +15,21 @@ namespace Lorrel {
 namespace {
 
 // From the kernel's major release 8 on, one name a release.
-constexpr int firstNamedKernel = 8;
-constexpr const char* systemNames[] = {
+constexpr std::int64_t firstNamedKernel = 8;
+constexpr const char* kernelNames[] = {
     "macOS Tiger",     "macOS Leopard",  "macOS Snow Leopard", "macOS Lion",     "macOS Mountain Lion",
     "macOS Mavericks", "macOS Yosemite", "macOS El Capitan",   "macOS Sierra",   "macOS High Sierra",
     "macOS Mojave",    "macOS Catalina", "macOS Big Sur",      "macOS Monterey", "macOS Ventura",
     "macOS Sonoma",    "macOS Sequoia",
 };
 
-constexpr int firstNamedMajor = 11;
+constexpr std::int64_t firstNamedMajor = 11;
 constexpr const char* majorNames[] = {"macOS Big Sur", "macOS Monterey", "macOS Ventura", "macOS Sonoma"};
 
-std::string unknownSystem()
+std::string nameAt(std::span<const char* const> names, std::int64_t place)
 {
-    return Resources::text("UNKNOWN_MACOS_VERSION");
+    const bool isNamed = place >= 0 && place < std::ssize(names);
+    return isNamed ? names[static_cast<std::size_t>(place)] : Resources::text("UNKNOWN_MACOS_VERSION");
 }
 
 struct ModelSymbol {
@@ -58,16 +61,12 @@ std::string MacSystem::symbolName()
 
 std::string MacSystem::osName(int kernelVersion)
 {
-    const int place = kernelVersion - firstNamedKernel;
-    if (place < 0 || place >= static_cast<int>(std::size(systemNames))) return unknownSystem();
-    return systemNames[place];
+    return nameAt(kernelNames, kernelVersion - firstNamedKernel);
 }
 
 std::string MacSystem::osName()
 {
-    const int place = osMajorVersion().value_or(0) - firstNamedMajor;
-    if (place < 0 || place >= static_cast<int>(std::size(majorNames))) return unknownSystem();
-    return majorNames[place];
+    return nameAt(majorNames, osMajorVersion().value_or(0) - firstNamedMajor);
 }
 
 // The leading whole number of the first word after "Version".

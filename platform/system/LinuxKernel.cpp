@@ -93,7 +93,7 @@ Bytes bootTime()
 {
     const auto seconds = procValue(readSmallFile(proc("/stat")).value_or(""), "btime");
     const auto number = seconds ? parseNumber(*seconds) : std::nullopt;
-    if (!number) return std::nullopt;
+    if (!number || *number <= 0) return std::nullopt;
     return littleEndian<std::int64_t>(*number) + littleEndian<std::int64_t>(0);
 }
 

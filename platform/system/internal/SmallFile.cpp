@@ -1,6 +1,7 @@
 #include "platform/system/internal/SmallFile.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <memory>
 
@@ -23,6 +24,7 @@ std::optional<std::string> readUpTo(std::size_t most, int descriptor)
     char chunk[4096];
     while (content.size() < most) {
         const ssize_t count = ::read(descriptor, chunk, std::min(sizeof chunk, most - content.size()));
+        if (count < 0 && errno == EINTR) continue;
         if (count < 0) return std::nullopt;
         if (count == 0) break;
         content.append(chunk, static_cast<std::size_t>(count));
