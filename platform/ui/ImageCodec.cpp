@@ -1,11 +1,13 @@
 #include "platform/ui/ImageCodec.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QImageReader>
 #include <QImageWriter>
 #include <cmath>
+#include <string>
+#include <string_view>
 
+#include "platform/runtime/FileBytes.h"
 #include "platform/ui/Image.h"
 #include "platform/ui/internal/Containers.h"
 #include "platform/ui/internal/QtDrawing.h"
@@ -14,7 +16,7 @@ namespace Platform {
 namespace {
 
 // A picture file has at most that many bytes.
-constexpr qint64 largestFile = 512LL << 20;
+constexpr std::size_t largestFile = 512 << 20;
 
 QByteArray qtBytes(Bytes content)
 {
@@ -22,9 +24,9 @@ QByteArray qtBytes(Bytes content)
                                    static_cast<qsizetype>(content.size()));
 }
 
-Bytes bytesOf(const QByteArray& content)
+Bytes bytesOf(std::string_view content)
 {
-    return std::as_bytes(std::span(content.constData(), std::size_t(content.size())));
+    return std::as_bytes(std::span(content));
 }
 
 // The reader's own limit counts memory in megabytes; ours counts pixels, and is asked before any is decoded.
@@ -68,13 +70,12 @@ Bitmap decode(Bytes content)
     return decodePicture(content);
 }
 
-QByteArray contentOf(const Url& file)
+// Not the toolkit's reading, which waits on a pipe and knows only names in UTF-8.
+std::string contentOf(const Url& file)
 {
-    QFile source(QString::fromStdString(file.path()));
-    if (!file.isFileUrl() || !source.open(QIODevice::ReadOnly)) return {};
-    // Only regular files tell their size; others may never end.
-    if (source.isSequential() || source.size() > largestFile) return {};
-    return source.readAll();
+    if (!file.isFileUrl()) return {};
+    auto bytes = readFileBytes(file.path(), largestFile);
+    return bytes ? std::move(bytes).value() : std::string();
 }
 
 }  // namespace
@@ -93,8 +94,9 @@ ImageRef decodeImageFile(const Url& file)
 std::optional<Bitmap> decodeImageFile(const Url& file, int width, int height)
 {
     if (!Bitmap::isPossible(width, height)) return std::nullopt;
-    QByteArray content = contentOf(file);
-    QBuffer buffer(&content);
+    const std::string content = contentOf(file);
+    QByteArray bytes = qtBytes(bytesOf(content));
+    QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
@@ -111,7 +113,7 @@ std::optional<std::vector<std::byte>> encodePng(const Bitmap& bitmap)
     buffer.open(QIODevice::WriteOnly);
     QImageWriter writer(&buffer, "png");
     if (bitmap.isEmpty() || !writer.write(imageView(bitmap))) return std::nullopt;
-    const Bytes content = bytesOf(bytes);
+    const Bytes content = bytesOf({bytes.constData(), std::size_t(bytes.size())});
     return std::vector<std::byte>(content.begin(), content.end());
 }
 

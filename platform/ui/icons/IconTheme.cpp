@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include "platform/runtime/Environment.h"
+#include "platform/runtime/FileBytes.h"
 #include "platform/runtime/Shared.h"
 #include "platform/ui/ImageCodec.h"
 #include "platform/ui/icons/IconThemeIndex.h"
@@ -20,11 +19,13 @@ namespace fs = std::filesystem;
 constexpr std::array extensions{".png", ".svg"};
 // Chains of inheritance are longer only where themes inherit each other in a circle.
 constexpr std::size_t longestChain = 32;
+constexpr std::size_t largestText = 16 << 20;  // of an index or of settings
 
+// Empty when it cannot be read.
 std::string contentOf(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    const auto bytes = readFileBytes(path, largestText);
+    return bytes ? *bytes : std::string();
 }
 
 std::optional<std::string> fileIn(const std::string& folder, const std::string& name)

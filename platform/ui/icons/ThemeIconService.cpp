@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <map>
 #include <sstream>
 
@@ -11,6 +10,7 @@
 #include "platform/bundle/Bundle.h"
 #include "platform/files/TypeIdentifier.h"
 #include "platform/runtime/Environment.h"
+#include "platform/runtime/FileBytes.h"
 #include "platform/ui/Image.h"
 #include "platform/ui/icons/DeviceIconNames.h"
 #include "platform/ui/icons/IconTheme.h"
@@ -19,6 +19,7 @@ namespace Platform {
 namespace {
 
 constexpr double iconPoints = 32;
+constexpr std::size_t largestDatabase = 16 << 20;
 constexpr const char* anyFile = "text-x-generic";
 constexpr const char* anyProgram = "application-x-executable";
 constexpr const char* settings = "preferences-system";
@@ -59,8 +60,9 @@ GenericIcons readGenericIcons()
                                Environment::shared().variable("XDG_DATA_DIRS").value_or("") +
                                ":/usr/local/share:/usr/share");
     for (std::string folder, line; std::getline(folders, folder, ':');) {
-        std::ifstream file(folder + "/mime/generic-icons");
-        while (std::getline(file, line)) {
+        const auto bytes = readFileBytes(folder + "/mime/generic-icons", largestDatabase);
+        std::istringstream lines(bytes ? *bytes : "");
+        while (std::getline(lines, line)) {
             const std::size_t colon = line.find(':');
             if (colon != std::string::npos) icons.emplace(line.substr(0, colon), line.substr(colon + 1));
         }

@@ -1,9 +1,11 @@
 #include "platform/ui/internal/QtOpenPanel.h"
 
+#include <QFile>
 #include <QFileDialog>
 
 #include "platform/runtime/Log.h"
 #include "platform/runtime/RunLoop.h"
+#include "platform/runtime/Utf8.h"
 #include "platform/ui/dialogs/AlertPanel.h"
 #include "platform/ui/internal/QtWindow.h"
 #include "platform/ui/internal/Sheet.h"
@@ -17,14 +19,26 @@ QFileDialog::FileMode modeOf(const OpenPanelRequest& request)
     return request.allowsMultipleSelection ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
 }
 
+std::string nameOf(const QString& path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
+// The toolkit neither shows nor opens what is not named in UTF-8: the nearest folder that is.
+QString startFolder(Url folder)
+{
+    while (!isUtf8(folder.path())) folder = folder.deletingLastPathComponent();
+    return QFile::decodeName(QByteArray::fromStdString(folder.path()));
+}
+
 OpenPanelAnswer answerOf(const QFileDialog& panel)
 {
     OpenPanelAnswer answer;
-    answer.directory = Url::fromPath(panel.directory().absolutePath().toStdString(), true);
+    answer.directory = Url::fromPath(nameOf(panel.directory().absolutePath()), true);
     const QStringList chosen = panel.selectedFiles();
     if (panel.result() != QDialog::Accepted) return answer;
     answer.response = OpenPanelAnswer::ok;
-    if (!chosen.isEmpty()) answer.url = Url::fromPath(chosen.front().toStdString());
+    if (!chosen.isEmpty()) answer.url = Url::fromPath(nameOf(chosen.front()));
     return answer;
 }
 
@@ -39,7 +53,7 @@ std::unique_ptr<QFileDialog> makeOpenPanel(const OpenPanelRequest& request, QWid
     panel->setOption(QFileDialog::ShowDirsOnly, !request.canChooseFiles);
     panel->setFileMode(modeOf(request));
     panel->setAcceptMode(QFileDialog::AcceptOpen);
-    if (request.directory) panel->setDirectory(QString::fromStdString(request.directory->path()));
+    if (request.directory) panel->setDirectory(startFolder(*request.directory));
     if (!request.prompt.empty()) panel->setLabelText(QFileDialog::Accept, QString::fromStdString(request.prompt));
     return panel;
 }

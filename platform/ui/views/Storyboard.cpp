@@ -1,15 +1,16 @@
 #include "platform/ui/views/Storyboard.h"
 
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include "platform/bundle/Bundle.h"
+#include "platform/runtime/FileBytes.h"
 #include "platform/runtime/Log.h"
 #include "platform/runtime/Shared.h"
 
 namespace Platform {
 namespace {
+
+constexpr std::size_t largestStoryboard = 1 << 20;
 
 std::string trimmed(std::string_view text)
 {
@@ -34,13 +35,14 @@ std::shared_ptr<Controller> ControllerClasses::make(const std::string& className
 std::optional<Storyboard> Storyboard::named(std::string_view name)
 {
     const auto url = Bundle::main().urlForResource(name, "storyboard");
-    std::ifstream file;
-    if (url) file.open(url->path(), std::ios::binary);
-    if (!file.is_open()) {
+    if (!url) {
         log("Storyboard " + std::string(name) + ": the main bundle has none of that name");
         return std::nullopt;
     }
-    return parse(std::string(std::istreambuf_iterator<char>(file), {}));
+    const auto text = readFileBytes(url->path(), largestStoryboard);
+    if (text) return parse(*text);
+    log("Storyboard " + std::string(name) + ": " + text.error().message());
+    return std::nullopt;
 }
 
 Storyboard Storyboard::parse(std::string_view text)
