@@ -16,6 +16,14 @@ void forgetSession(CURL* easy)
     curl_easy_reset(easy);
 }
 
+Utf8HostNames::Utf8HostNames()
+    : before_([] {
+          static const locale_t utf8 = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+          return ::uselocale(utf8);  // without such a locale nothing changes
+      }())
+{
+}
+
 void append(HeaderList& list, const std::string& line)
 {
     curl_slist* longer = curl_slist_append(list.get(), line.c_str());

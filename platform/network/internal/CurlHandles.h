@@ -6,6 +6,7 @@
 #include <string>
 
 #include <curl/curl.h>
+#include <locale.h>
 
 namespace Platform {
 
@@ -29,6 +30,19 @@ void startCurl();
 
 // Takes a handle's settings and its session's cookies from it; connections stay.
 void forgetSession(CURL* easy);
+
+// While it lives, the library takes the host names of this thread's transfers
+// as UTF-8, which they are, and not in the encoding of the program's locale.
+class Utf8HostNames {
+public:
+    Utf8HostNames();
+    Utf8HostNames(const Utf8HostNames&) = delete;
+    Utf8HostNames& operator=(const Utf8HostNames&) = delete;
+    ~Utf8HostNames() { ::uselocale(before_); }
+
+private:
+    const locale_t before_;
+};
 
 // The list with one line more; a list that could not grow is unchanged.
 void append(HeaderList& list, const std::string& line);

@@ -63,6 +63,7 @@ void NetworkThread::signal(bool isIdle)
 
 void NetworkThread::run()
 {
+    const Utf8HostNames names;
     for (;;) {
         waitForWork();
         drop(takeSubmitted());

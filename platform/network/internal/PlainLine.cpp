@@ -41,6 +41,7 @@ PlainLine::PlainLine() : easy_((startCurl(), curl_easy_init())), multi_(curl_mul
 FetchOutcome PlainLine::perform(Transfer& transfer)
 {
     const WithoutBrokenPipe guard;
+    const Utf8HostNames names;
     transfer.prepare(easy_.get(), std::chrono::steady_clock::now());
     const bool isIn = curl_multi_add_handle(multi_.get(), easy_.get()) == CURLM_OK;
     FetchOutcome outcome = isIn ? waitFor(transfer) : transfer.failed(URLError::Code::unknown);

@@ -106,6 +106,7 @@ TEST(URLSession, NamesEachFaultInBothForms)
         {"ftp://127.0.0.1/", Code::unsupportedURL},
         {"mailto:a@b", Code::unsupportedURL},
         {"http://name.invalid/", Code::cannotFindHost},
+        {"http://b%C3%BCcher.invalid/", Code::cannotFindHost},  // as xn--bcher-kva.invalid
         {"file:///nothing/here", Code::fileDoesNotExist},
         {"file://" + folder / "pipe", Code::fileDoesNotExist},
         {server.url("/plain"), Code::timedOut, 0ms},
