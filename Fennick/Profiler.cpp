@@ -1,5 +1,6 @@
 #include "Fennick/Profiler.h"
 
+#include <charconv>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -20,6 +21,14 @@ Starts& activeMeasurements()
     return Platform::Shared<Starts>::get([] { return std::make_unique<Starts>(); });
 }
 
+// With a point, whatever the C locale of the program.
+std::string fiveDecimals(double number)
+{
+    char digits[400];  // the largest double has 309 of them before its point
+    char* const end = std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed, 5).ptr;
+    return std::string(digits, end);
+}
+
 }  // namespace
 
 void Profiler::start(std::string_view name)
@@ -32,7 +41,8 @@ void Profiler::stop(std::string_view name)
     const auto start = activeMeasurements()[name];
     if (!start) return;
     const double milliseconds = (Platform::Clock::shared().wallSeconds() - *start) * 1'000;
-    std::printf("%.*s: %.05f ms\n", static_cast<int>(name.size()), name.data(), milliseconds);
+    const std::string line = std::string(name) + ": " + fiveDecimals(milliseconds) + " ms\n";
+    std::fwrite(line.data(), 1, line.size(), stdout);
     activeMeasurements().set(std::string(name), std::nullopt);
 }
 
