@@ -34,7 +34,8 @@ private:
 // Follows a growing text file: hands on what is appended after its creation,
 // as text, from the main run loop. It stays with the file that it opened when
 // that is renamed or deleted. Appended bytes that are no UTF-8 are dropped, as
-// one piece with what came together with them. Truncation moves nothing: only
+// one piece with what came together with them. Growth of more than 256 MB at
+// once comes in pieces of that size, whole characters each. Truncation moves nothing: only
 // bytes beyond the place reached before are read. It stops with its last owner.
 // Thread: main.
 class FileMonitor : public std::enable_shared_from_this<FileMonitor> {
@@ -52,6 +53,7 @@ private:
     FileMonitor(Platform::Url url, Platform::FileHandle fileHandle);
     void watch();
     void readAppended();
+    void readMoreSoon();
 
     Platform::Url url_;
     Platform::FileHandle fileHandle_;

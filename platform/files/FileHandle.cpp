@@ -1,5 +1,6 @@
 #include "platform/files/FileHandle.h"
 
+#include <algorithm>
 #include <cerrno>
 
 #include <fcntl.h>
@@ -33,9 +34,9 @@ std::uint64_t FileHandle::seekToEndOfFile()
     return offset_;
 }
 
-std::string FileHandle::readDataToEndOfFile()
+std::string FileHandle::readDataToEndOfFile(std::size_t most)
 {
-    std::string data(firstBuffer, '\0');
+    std::string data(std::min(firstBuffer, most), '\0');
     std::size_t filled = 0;
     for (;;) {
         const auto place = static_cast<off_t>(offset_ + filled);
@@ -44,8 +45,8 @@ std::string FileHandle::readDataToEndOfFile()
         if (count <= 0) break;
         filled += static_cast<std::size_t>(count);
         // A short read is the end: what comes later brings an event of its own.
-        if (filled < data.size()) break;
-        data.resize(4 * data.size());
+        if (filled < data.size() || filled == most) break;
+        data.resize(std::min(4 * filled, most));
     }
     offset_ += filled;
     data.resize(filled);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -23,8 +24,11 @@ public:
     // Moves to the present end; the new offset.
     std::uint64_t seekToEndOfFile();
     // Everything from the position to the present end, which becomes the
-    // position. What a read error leaves out comes with the next call.
-    std::string readDataToEndOfFile();
+    // position; at most so many bytes. What the limit or a read error leaves out
+    // comes with the next call.
+    std::string readDataToEndOfFile(std::size_t most);
+    // Moves back over bytes that were read.
+    void stepBack(std::size_t bytes) { offset_ -= bytes; }
     void closeFile() { file_.reset(); }
 
 private:

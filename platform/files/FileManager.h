@@ -63,7 +63,8 @@ public:
 };
 
 // The sum of the sizes of everything below a folder that is not itself a
-// folder, hidden entries and packages included; what cannot be read counts 0.
+// folder, hidden entries and packages included; what cannot be read counts 0. No
+// more than the largest number.
 // Works with two threads where the tree is large enough for it. Thread: any.
 std::uint64_t totalFileSize(const std::string& folder);
 

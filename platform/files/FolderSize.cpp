@@ -1,5 +1,5 @@
-#include <atomic>
 #include <condition_variable>
+#include <limits>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -28,6 +28,12 @@ struct PendingFolder {
     Anchor anchor;
     std::string relative;
 };
+
+// Sparse files may claim more together than a number holds.
+std::uint64_t sumOf(std::uint64_t a, std::uint64_t b)
+{
+    return a + b < a ? std::numeric_limits<std::uint64_t>::max() : a + b;
+}
 
 std::uint64_t sizeOf(int folder, const RawEntry& entry, bool& isDirectory)
 {
@@ -87,29 +93,29 @@ public:
         auto root = std::make_shared<FileDescriptor>(openFolder(AT_FDCWD, folder.c_str(), true));
         if (!root->isOpen()) return 0;
         pending_.start({std::move(root), "."});
-        work(true);
+        const std::uint64_t own = work(true);
         if (helper_.joinable()) helper_.join();
-        return total_;
+        return sumOf(own, helpersSum_);
     }
 
 private:
-    void work(bool mayCallHelper)
+    std::uint64_t work(bool mayCallHelper)
     {
         const auto block = std::make_unique<char[]>(entryBlockSize);
         std::vector<PendingFolder> found;
         std::uint64_t sum = 0;
         while (const auto folder = pending_.take()) {
-            sum += sizeOfEntries(*folder, block.get(), found);
+            sum = sumOf(sum, sizeOfEntries(*folder, block.get(), found));
             const std::size_t waiting = pending_.finish(found);
             if (mayCallHelper && waiting >= foldersWorthAThread && !helper_.joinable()) callHelper();
         }
-        total_ += sum;
+        return sum;
     }
 
     void callHelper()
     {
         try {
-            helper_ = std::thread([this] { work(false); });
+            helper_ = std::thread([this] { helpersSum_ = work(false); });
         } catch (const std::system_error&) {
             // No thread to be had: the caller's own does the work.
         }
@@ -124,7 +130,7 @@ private:
         std::uint64_t sum = 0;
         const auto add = [&](const RawEntry& entry) {
             bool isDirectory = entry.type == DT_DIR;
-            if (!isDirectory) sum += sizeOf(folder->get(), entry, isDirectory);
+            if (!isDirectory) sum = sumOf(sum, sizeOf(folder->get(), entry, isDirectory));
             if (!isDirectory) return;
             if (isNewAnchor) {
                 found.push_back({folder, entry.name});
@@ -139,7 +145,7 @@ private:
 
     PendingFolders pending_;
     std::thread helper_;
-    std::atomic<std::uint64_t> total_ = 0;
+    std::uint64_t helpersSum_ = 0;
 };
 
 }  // namespace
