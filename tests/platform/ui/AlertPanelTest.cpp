@@ -203,9 +203,11 @@ TEST(OpenPanelSheet, ChoosesOneFolderFromWhereItStarts)
     EXPECT_EQ(answer->response, OpenPanelAnswer::ok);
     EXPECT_EQ(answer->url, folder.url().appendingPathComponent("inner", true));
     EXPECT_EQ(answer->directory, folder.url());
+    request.directory = Url::fromPath(folder.makeFolder("caf\xe9"), true);
     run([](QDialog& dialog) { dialog.reject(); });
     EXPECT_EQ(answer->response, 0);
     EXPECT_FALSE(answer->url);
+    EXPECT_EQ(answer->directory, folder.url());
 }
 
 }  // namespace

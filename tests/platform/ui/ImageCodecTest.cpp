@@ -2,6 +2,7 @@
 #include <QImage>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "platform/ui/ImageCodec.h"
 #include "tests/platform/ui/HeicSample.h"
@@ -95,6 +96,9 @@ TEST(ImageCodec, BrokenFilesAreNoImages)
     EXPECT_FALSE(decodeImageFile(folder.url()));
     EXPECT_FALSE(decodeImageFile(Url::fromPath(folder / "missing.png")));
     EXPECT_FALSE(decodeImageFile(Url::fromPath("/dev/zero")));
+    ::mkfifo((folder / "pipe").c_str(), 0600);
+    EXPECT_FALSE(decodeImageFile(Url::fromPath(folder / "pipe")));
+    EXPECT_TRUE(decodeImageFile(Url::fromPath(folder.write("caf\xe9", png))));
 }
 
 // A header may claim any size; ours is asked before a pixel is decoded.
