@@ -42,12 +42,7 @@ public:
     Pending& operator=(Pending&&) = delete;
     ~Pending()
     {
-        if (!waiting_) return;
-        {
-            std::lock_guard lock(waiting_->mutex);
-            waiting_->coroutine = nullptr;
-        }
-        if (task_) task_->cancel();
+        if (waiting_ && waiting_->takeCoroutine() && task_) task_->cancel();
     }
 
     T get() { return valueOrThrow<T>(ways_.plainly()); }
@@ -72,13 +67,15 @@ private:
             {
                 std::lock_guard started(startMutex);
             }
-            std::coroutine_handle<> continued;
-            {
-                std::lock_guard lock(mutex);
-                outcome = std::move(result);
-                continued = std::exchange(coroutine, nullptr);
-            }
-            if (continued) continued.resume();
+            outcome = std::move(result);
+            if (const auto continued = takeCoroutine()) continued.resume();
+        }
+
+        // Whoever takes it first, the answer or the end of the wait, has it alone.
+        std::coroutine_handle<> takeCoroutine()
+        {
+            std::lock_guard lock(mutex);
+            return std::exchange(coroutine, nullptr);
         }
 
         std::mutex startMutex;  // held while the operation is being started
