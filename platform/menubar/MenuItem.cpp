@@ -48,19 +48,25 @@ void MenuItem::performAction()
 void MenuItem::setSubmenu(const MenuRef& submenu)
 {
     if (const MenuRef holder = menu(); submenu && holder && holder->liesIn(*submenu)) return;
+    const MenuRef added = submenu;  // the argument may be the field of the item that it leaves
+    const MenuItemRef former = added ? added->superitem_.lock() : nullptr;
+    if (former && former.get() != this) former->setSubmenu(nullptr);
     if (submenu_) submenu_->superitem_.reset();
-    submenu_ = submenu;
+    submenu_ = added;
     if (submenu_) submenu_->superitem_ = weak_from_this();
     if (const MenuRef holder = menu()) holder->tell(nullptr);
 }
 
 void MenuItem::setView(const ViewRef& view)
 {
+    const ViewRef added = view;  // the argument may be the field of the item that it leaves
+    const MenuItemRef former = added ? added->enclosingMenuItem() : nullptr;
+    if (former && former.get() != this && former->view_ == added) former->setView(nullptr);
     if (view_) {
         view_->setEnclosingMenuItem({});
         view_->setDisplayObserver(nullptr);
     }
-    view_ = view;
+    view_ = added;
     if (view_) {
         view_->setEnclosingMenuItem(weak_from_this());
         view_->setDisplayObserver([this] { changed(); });

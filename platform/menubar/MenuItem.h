@@ -57,9 +57,9 @@ public:
     // Null outside a menu.
     MenuRef menu() const { return menu_.lock(); }
     const MenuRef& submenu() const { return submenu_; }
-    // Not a menu that the item itself lies in, however deep.
+    // The menu leaves the item that it hung below. Not one that the item itself lies in, however deep.
     void setSubmenu(const MenuRef& submenu);
-    // Shown in place of title and image.
+    // Shown in place of title and image. A view leaves the item that it was in.
     const ViewRef& view() const { return view_; }
     void setView(const ViewRef& view);
     // The pointer, or the keyboard, is on it.

@@ -33,16 +33,6 @@ QIcon iconOf(const MenuItem& item)
     return QPixmap::fromImage(pixels.copy());
 }
 
-void describe(QAction& line, const MenuItem& item)
-{
-    line.setText(textOf(item));
-    line.setIcon(iconOf(item));
-    line.setEnabled(item.isEnabled());
-    line.setVisible(!item.isHidden());
-    line.setCheckable(item.state() != MenuItemState::off);
-    line.setChecked(item.state() != MenuItemState::off);
-}
-
 }  // namespace
 
 void MenuWindow::open(const MenuRef& menu)
@@ -62,23 +52,42 @@ MenuWindow::MenuWindow(MenuRef menu, QWidget* parent) : QMenu(parent), menu_(std
     connect(this, &QMenu::aboutToHide, this, [this] { hasHidden(); });
 }
 
-void MenuWindow::fill()
+MenuWindow::Key MenuWindow::keyOf(const MenuItem& item)
 {
-    clear();
-    lines_.clear();
-    for (const MenuItemRef& item : menu_->items()) add(item);
+    return {&item, item.submenu().get()};
 }
 
-void MenuWindow::add(const MenuItemRef& item)
+// Lines that stay keep their windows and the highlight, and are never all
+// gone: the menu also tells when a list below it has changed, as many do while
+// they open.
+void MenuWindow::fill()
 {
-    if (item->isSeparator()) {
-        addSeparator()->setVisible(!item->isHidden());
-        return;
+    std::set<Key> present;
+    qsizetype place = 0;
+    for (const MenuItemRef& item : menu_->items()) {
+        present.insert(keyOf(*item));
+        QAction*& line = lines_[keyOf(*item)];
+        if (!line) line = newLine(item);
+        QAction* there = actions().value(place++);
+        if (there != line) insertAction(there, line);
     }
-    QAction* line = addAction(QString());
-    lines_[item.get()] = line;
+    std::erase_if(lines_, [&](const auto& entry) {
+        const bool isGone = !present.contains(entry.first);
+        if (isGone) delete entry.second;
+        return isGone;
+    });
+}
+
+QAction* MenuWindow::newLine(const MenuItemRef& item)
+{
+    auto* line = new QAction(this);
+    line->setSeparator(item->isSeparator());
     describe(*line, *item);
-    if (item->submenu()) line->setMenu(new MenuWindow(item->submenu(), this));
+    if (item->submenu()) {
+        auto* below = new MenuWindow(item->submenu(), this);
+        line->setMenu(below);
+        connect(line, &QObject::destroyed, below, &QObject::deleteLater);  // a line does not own its menu
+    }
     const std::weak_ptr<MenuItem> weak = item;
     connect(line, &QAction::hovered, this, [this, weak] { menu_->highlight(weak.lock()); });
     connect(line, &QAction::triggered, this, [weak] {
@@ -87,11 +96,25 @@ void MenuWindow::add(const MenuItemRef& item)
             if (item) item->performAction();
         });
     });
+    return line;
+}
+
+// Drawing a view is no change of it.
+void MenuWindow::describe(QAction& line, const MenuItem& item)
+{
+    if (std::exchange(isDrawing_, true)) return;
+    line.setText(textOf(item));
+    line.setIcon(iconOf(item));
+    line.setEnabled(item.isEnabled());
+    line.setVisible(!item.isHidden());
+    line.setCheckable(item.state() != MenuItemState::off);
+    line.setChecked(item.state() != MenuItemState::off);
+    isDrawing_ = false;
 }
 
 void MenuWindow::refresh(MenuItem* item)
 {
-    if (const auto line = lines_.find(item); line != lines_.end()) describe(*line->second, *item);
+    if (const auto line = lines_.find(keyOf(*item)); line != lines_.end()) describe(*line->second, *item);
 }
 
 void MenuWindow::willShow()

@@ -2,6 +2,8 @@
 
 #include <QMenu>
 #include <map>
+#include <set>
+#include <utility>
 
 #include "platform/menubar/Menu.h"
 
@@ -15,15 +17,23 @@ public:
     static void open(const MenuRef& menu);
 
 private:
+    // What a line stands for: an item and what hangs below it.
+    using Key = std::pair<const MenuItem*, const Menu*>;
+
     explicit MenuWindow(MenuRef menu, QWidget* parent = nullptr);
+    // Tells that it closes, if it is open.
+    ~MenuWindow() override { hide(); }
+    static Key keyOf(const MenuItem& item);
     void fill();
-    void add(const MenuItemRef& item);
+    QAction* newLine(const MenuItemRef& item);
+    void describe(QAction& line, const MenuItem& item);
     void refresh(MenuItem* item);
     void willShow();
     void hasHidden();
 
     MenuRef menu_;
-    std::map<MenuItem*, QAction*> lines_;
+    std::map<Key, QAction*> lines_;
+    bool isDrawing_ = false;
     Subscription changes_;
 };
 
