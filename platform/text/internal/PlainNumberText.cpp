@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <string_view>
 
 namespace Platform {
 
@@ -41,6 +42,14 @@ std::optional<std::uint64_t> roundedHalfEven(double value, int digits)
     const double half = static_cast<double>(whole) * 10 + 5;
     if (half / powersOfTen[static_cast<std::size_t>(digits) + 1] == value) return whole + (whole & 1);
     return std::nullopt;
+}
+
+std::string between(const std::string& before, std::string_view digits, const std::string& behind)
+{
+    if (before.empty() && behind.empty()) return std::string(digits);
+    std::string text;
+    text.reserve(before.size() + digits.size() + behind.size());
+    return text.append(before).append(digits).append(behind);
 }
 
 }  // namespace
@@ -87,13 +96,9 @@ std::string plainText(const ScaledNumber& number, const NumberSymbols& symbols, 
         rest /= 10;
     } while (rest != 0);
 
-    const std::string& before = number.isNegative ? symbols.negativePrefix : symbols.prefix;
-    const std::string& behind = number.isNegative ? symbols.negativeSuffix : symbols.suffix;
-    const auto size = static_cast<std::size_t>(end - start);
-    if (before.empty() && behind.empty()) return std::string(start, size);
-    std::string text;
-    text.reserve(before.size() + size + behind.size());
-    return text.append(before).append(start, size).append(behind);
+    const std::string_view written(start, static_cast<std::size_t>(end - start));
+    return number.isNegative ? between(symbols.negativePrefix, written, symbols.negativeSuffix)
+                             : between(symbols.prefix, written, symbols.suffix);
 }
 
 }  // namespace Platform
