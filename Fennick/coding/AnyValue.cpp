@@ -94,6 +94,11 @@ AnyValue AnyValue::boxed(const Number& number)
     return AnyValue(Kind::number, new NumberNode(number));
 }
 
+AnyValue AnyValue::dictionaryOf(AnyArray keysAndValues)
+{
+    return AnyDictionary::fromPairs(keysAndValues);
+}
+
 void AnyValue::swap(AnyValue& other) noexcept
 {
     unsigned char kept[sizeof *this];

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <functional>
 #include <initializer_list>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -99,6 +100,15 @@ public:
     // The value, or the empty value when it is absent.
     template <typename T>
     AnyValue(std::optional<T> value) : AnyValue(value ? AnyValue(*std::move(value)) : AnyValue())
+    {
+    }
+    // Lists of, and maps from text to, what can be a value, optional ones too.
+    template <std::convertible_to<AnyValue> T>
+    AnyValue(const std::vector<T>& values) : AnyValue(AnyArray(values.begin(), values.end()))
+    {
+    }
+    template <std::convertible_to<AnyValue> T>
+    AnyValue(const std::map<std::string, T>& members) : AnyValue(dictionaryOf(keysAndValuesOf(members)))
     {
     }
     // A value of any other type, compared by its place in memory.
@@ -217,6 +227,18 @@ private:
     AnyValue(Kind kind, Node* node) noexcept : size_(held), kind_(kind) { store(node); }
     AnyValue(std::shared_ptr<const void> object, const std::type_info& type);
     static AnyValue boxed(const Platform::Number& number);
+    static AnyValue dictionaryOf(AnyArray keysAndValues);
+    template <typename Members>
+    static AnyArray keysAndValuesOf(const Members& members)
+    {
+        AnyArray all;
+        all.reserve(2 * members.size());
+        for (const auto& [key, value] : members) {
+            all.emplace_back(key);
+            all.emplace_back(value);
+        }
+        return all;
+    }
 
     template <typename T>
     static constexpr Kind kindOf()

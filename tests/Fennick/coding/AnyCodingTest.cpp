@@ -76,6 +76,8 @@ TEST(AnyCoding, EncodesEveryKindAsItself)
         {Platform::Date(1.5), "1.5"},
         {*Platform::Url::parse("https://a.b/c"), "\"https://a.b/c\""},
         {AnyArray{nullptr, 1}, "[null,1]"},
+        {std::vector<std::optional<int>>{1, std::nullopt}, "[1,null]"},
+        {std::map<std::string, std::vector<bool>>{{"a", {true}}, {"b", {}}}, R"({"a":[true],"b":[]})"},
     };
     for (const auto& [value, json] : cases) EXPECT_EQ(encoded(value), json);
 }
