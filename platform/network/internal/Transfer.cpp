@@ -84,14 +84,6 @@ void Transfer::prepare(CURL* easy, Instant now)
     set(easy, CURLOPT_QUICK_EXIT, 1L);
     set(easy, CURLOPT_CONNECTTIMEOUT_MS, 24L * 60 * 60 * 1000);  // ours is the deadline that counts
     set(easy, CURLOPT_COOKIEFILE, "");                           // takes cookies, from no file
-    set(easy, CURLOPT_ERRORBUFFER, message_.data());
-    set(easy, CURLOPT_HEADERFUNCTION, &Transfer::onHeader);
-    set(easy, CURLOPT_HEADERDATA, this);
-    set(easy, CURLOPT_WRITEFUNCTION, &Transfer::onBody);
-    set(easy, CURLOPT_WRITEDATA, this);
-    set(easy, CURLOPT_XFERINFOFUNCTION, &Transfer::onProgress);
-    set(easy, CURLOPT_XFERINFODATA, this);
-    set(easy, CURLOPT_NOPROGRESS, 0L);
     const std::string& certificates = settings_->configuration.certificatesFile;
     if (!certificates.empty()) set(easy, CURLOPT_CAINFO, certificates.c_str());
     if (connections_ == Connections::own) {
@@ -100,8 +92,21 @@ void Transfer::prepare(CURL* easy, Instant now)
         set(easy, CURLOPT_SSL_SESSIONID_CACHE, 0L);
     }
     settings_->cookies.attach(easy);
+    setCallbacks();
     setMethod();
     setHeaders();
+}
+
+void Transfer::setCallbacks()
+{
+    set(easy_, CURLOPT_ERRORBUFFER, message_.data());
+    set(easy_, CURLOPT_HEADERFUNCTION, &Transfer::onHeader);
+    set(easy_, CURLOPT_HEADERDATA, this);
+    set(easy_, CURLOPT_WRITEFUNCTION, &Transfer::onBody);
+    set(easy_, CURLOPT_WRITEDATA, this);
+    set(easy_, CURLOPT_XFERINFOFUNCTION, &Transfer::onProgress);
+    set(easy_, CURLOPT_XFERINFODATA, this);
+    set(easy_, CURLOPT_NOPROGRESS, 0L);
 }
 
 // GET, HEAD and POST by the library's own words, so that redirects change them

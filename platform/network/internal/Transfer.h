@@ -48,6 +48,7 @@ private:
     static std::size_t onBody(char* bytes, std::size_t, std::size_t count, void* self);
     static int onProgress(void* self, curl_off_t, curl_off_t down, curl_off_t, curl_off_t up);
 
+    void setCallbacks();
     void setMethod();
     void setHeaders();
     void addHeaderLine(std::string_view line);
