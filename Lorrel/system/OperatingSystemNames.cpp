@@ -8,6 +8,7 @@
 #include "Lorrel/resource_bundle_accessor.h"
 #include "Lorrel/system/MacSystem.h"
 #include "Lorrel/system/internal/Texts.h"
+#include "platform/runtime/Trim.h"
 #include "platform/system/ProcessInfo.h"
 
 namespace Lorrel {
@@ -91,12 +92,12 @@ std::string MacSystem::osVersionString()
 
 std::string MacSystem::osVersionText()
 {
-    return trimmedText(replaced(osVersionString(), "Version", ""));
+    return std::string(Platform::trimmed(replaced(osVersionString(), "Version", "")));
 }
 
 std::string MacSystem::osMarketingVersionText()
 {
-    return trimmedText(replaced(osVersionString(), "Version", "macOS"));
+    return std::string(Platform::trimmed(replaced(osVersionString(), "Version", "macOS")));
 }
 
 std::string MacSystem::osDescription()

@@ -8,6 +8,7 @@
 
 #include "platform/runtime/Environment.h"
 #include "platform/runtime/Shared.h"
+#include "platform/runtime/Trim.h"
 #include "platform/system/Kernel.h"
 #include "platform/system/ProcessInfo.h"
 #include "platform/system/internal/Processors.h"

@@ -11,6 +11,7 @@
 #include "platform/files/FileManager.h"
 #include "platform/files/IconService.h"
 #include "platform/runtime/Environment.h"
+#include "platform/runtime/Trim.h"
 #include "platform/system/IORegistry.h"
 #include "platform/system/Kernel.h"
 #include "platform/system/ProcessInfo.h"
@@ -73,7 +74,7 @@ std::string findSerialNumber()
     const auto service = Platform::IORegistry::shared().serviceOfClass(MacSystem::mainPort(), "IOPlatformExpertDevice");
     const auto property = service ? service->property("IOPlatformSerialNumber") : std::nullopt;
     const auto* text = property ? std::get_if<std::string>(&*property) : nullptr;
-    return text ? trimmedText(*text) : placeholder;
+    return text ? std::string(Platform::trimmed(*text)) : placeholder;
 }
 
 std::string findMarketingName()

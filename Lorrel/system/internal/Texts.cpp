@@ -2,14 +2,6 @@
 
 namespace Lorrel {
 
-std::string trimmedText(std::string_view text)
-{
-    constexpr std::string_view whiteSpace = " \t\n\v\f\r";
-    const std::size_t first = text.find_first_not_of(whiteSpace);
-    if (first == std::string_view::npos) return "";
-    return std::string(text.substr(first, text.find_last_not_of(whiteSpace) - first + 1));
-}
-
 std::string lowerCased(std::string_view text)
 {
     std::string lowered(text);

@@ -5,8 +5,6 @@
 
 namespace Lorrel {
 
-// Without white space and line ends at both ends.
-std::string trimmedText(std::string_view text);
 // ASCII letters made small.
 std::string lowerCased(std::string_view text);
 // Every occurrence replaced.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/runtime/Trim.h"
+
 namespace Platform {
 
 namespace {
@@ -15,13 +17,6 @@ struct Escape {
     char meaning;
 };
 constexpr Escape escapes[] = {{'s', ' '}, {'n', '\n'}, {'t', '\t'}, {'r', '\r'}, {'\\', '\\'}};
-
-std::string_view trimmed(std::string_view text)
-{
-    const auto first = text.find_first_not_of(" \t\r");
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
-}
 
 std::string unescaped(std::string_view text)
 {

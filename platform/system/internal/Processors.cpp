@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/runtime/Environment.h"
+#include "platform/runtime/Trim.h"
 #include "platform/system/internal/SmallFile.h"
 
 namespace Platform {

@@ -10,13 +10,12 @@
 #include <unistd.h>
 
 #include "platform/runtime/FileDescriptor.h"
+#include "platform/runtime/Trim.h"
 #include "platform/runtime/Utf8.h"
 
 namespace Platform {
 
 namespace {
-
-constexpr std::string_view whiteSpace = " \t\r\n\v\f";
 
 std::optional<std::string> readUpTo(std::size_t most, int descriptor)
 {
@@ -93,13 +92,6 @@ std::optional<long long> parseNumber(std::string_view text)
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
     return number;
-}
-
-std::string_view trimmed(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(whiteSpace);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(whiteSpace) - first + 1);
 }
 
 std::vector<std::string> entriesWithPrefix(const std::string& folder, std::string_view prefix)

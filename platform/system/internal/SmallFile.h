@@ -23,7 +23,6 @@ std::optional<long long> readNumber(const std::string& path);
 std::optional<std::string> shellValue(std::string_view content, std::string_view key);
 
 std::optional<long long> parseNumber(std::string_view text);
-std::string_view trimmed(std::string_view text);
 // Names of a folder's entries that start with the prefix, in no order; "." and ".." never.
 std::vector<std::string> entriesWithPrefix(const std::string& folder, std::string_view prefix);
 

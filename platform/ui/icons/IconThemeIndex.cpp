@@ -4,18 +4,13 @@
 #include <charconv>
 #include <map>
 
+#include "platform/runtime/Trim.h"
+
 namespace Platform {
 namespace {
 
 using Section = std::map<std::string, std::string, std::less<>>;
 using Sections = std::map<std::string, Section, std::less<>>;
-
-std::string_view trimmed(std::string_view text)
-{
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t' || text.back() == '\r')) text.remove_suffix(1);
-    return text;
-}
 
 // The piece before the separator, which is taken off the text.
 std::string_view takePiece(std::string_view& text, char separator)

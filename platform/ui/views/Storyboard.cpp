@@ -6,18 +6,12 @@
 #include "platform/runtime/FileBytes.h"
 #include "platform/runtime/Log.h"
 #include "platform/runtime/Shared.h"
+#include "platform/runtime/Trim.h"
 
 namespace Platform {
 namespace {
 
 constexpr std::size_t largestStoryboard = 1 << 20;
-
-std::string trimmed(std::string_view text)
-{
-    const std::size_t from = text.find_first_not_of(" \t\r");
-    if (from == std::string_view::npos) return {};
-    return std::string(text.substr(from, text.find_last_not_of(" \t\r") + 1 - from));
-}
 
 }  // namespace
 
@@ -52,9 +46,9 @@ Storyboard Storyboard::parse(std::string_view text)
     std::string line;
     while (std::getline(lines, line)) {
         const std::size_t colon = line.find(':');
-        const std::string key = trimmed(std::string_view(line).substr(0, colon));
+        const std::string key(trimmed(std::string_view(line).substr(0, colon)));
         if (colon == std::string::npos || key.starts_with('#')) continue;
-        const std::string value = trimmed(std::string_view(line).substr(colon + 1));
+        const std::string value(trimmed(std::string_view(line).substr(colon + 1)));
         if (key == "initial") {
             storyboard.initial_ = value;
         } else {
