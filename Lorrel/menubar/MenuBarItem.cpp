@@ -122,7 +122,7 @@ void MenuBarItem::addSubview(const ViewRef& view)
 void MenuBarItem::clear()
 {
     button().setImage(nullptr);
-    button().removeConstraints(std::vector(button().constraints()));
+    button().removeConstraints(button().constraints());
     widthConstraint_ = nullptr;
     heightConstraint_ = nullptr;
     clearSubviews();

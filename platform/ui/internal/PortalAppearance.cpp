@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <mutex>
 #include <optional>
 
 #include <systemd/sd-bus.h>
@@ -14,6 +15,7 @@
 namespace Platform {
 namespace {
 
+constexpr const char* daemon = "org.freedesktop.DBus";
 constexpr const char* service = "org.freedesktop.portal.Desktop";
 constexpr const char* path = "/org/freedesktop/portal/desktop";
 constexpr const char* interface = "org.freedesktop.portal.Settings";
@@ -39,40 +41,68 @@ char enterVariants(sd_bus_message* message)
 
 struct PortalAppearance::State {
     void start(const std::weak_ptr<State>& self);
-    void ask(const std::weak_ptr<State>& self, const char* key);
+    void ask();
     void changed(BusMessage message);
+    void ownerChanged(BusMessage message);
     void take(const std::string& key, sd_bus_message* value);
+    template <typename Value>
+    void set(Value& field, const Value& value);
+    template <typename Value>
+    Value get(const Value& field) const
+    {
+        const std::lock_guard lock(mutex);
+        return field;
+    }
     void tell();
 
+    mutable std::mutex mutex;  // of the two values, which any thread may ask for
     std::uint32_t scheme = 0;
     std::optional<Color> accent;
     std::map<int, std::function<void()>> observers;
     int nextObserver = 0;
+    std::weak_ptr<State> own;
     std::shared_ptr<BusConnection> bus;
     std::vector<Subscription> subscriptions;
 };
 
 void PortalAppearance::State::start(const std::weak_ptr<State>& self)
 {
+    own = self;
     bus = BusConnection::session();
-    if (!bus->join()) return;
+    const auto guarded = [self](auto operation) {
+        return [self, operation](auto... arguments) {
+            if (const auto state = self.lock()) (state.get()->*operation)(std::move(arguments)...);
+        };
+    };
+    subscriptions.push_back(bus->onSignal(interface, "SettingChanged", guarded(&State::changed)));
+    subscriptions.push_back(bus->onSignal(daemon, "NameOwnerChanged", guarded(&State::ownerChanged)));
+    subscriptions.push_back(bus->onJoined(guarded(&State::ask)));
     subscriptions.push_back(
-        bus->matchRule("type='signal',interface='org.freedesktop.portal.Settings',"
-                       "member='SettingChanged',arg0='org.freedesktop.appearance'"));
-    subscriptions.push_back(bus->onSignal(interface, "SettingChanged", [self](BusMessage message) {
-        if (const auto state = self.lock()) state->changed(std::move(message));
-    }));
-    for (const char* key : {schemeKey, accentKey}) ask(self, key);
+        bus->matchRuleSoon("type='signal',interface='org.freedesktop.portal.Settings',"
+                           "member='SettingChanged',arg0='org.freedesktop.appearance'"));
+    subscriptions.push_back(
+        bus->matchRuleSoon("type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
+                           "member='NameOwnerChanged',arg0='org.freedesktop.portal.Desktop'"));
+    ask();  // others may have joined the bus long ago
 }
 
-void PortalAppearance::State::ask(const std::weak_ptr<State>& self, const char* key)
+void PortalAppearance::State::ask()
 {
-    BusMessage call = bus->newCall(service, path, interface, "Read");
-    if (!call || !call.append(group) || !call.append(key)) return;
-    bus->call(call, patience, [self, key](Result<BusMessage> reply) {
-        const auto state = self.lock();
-        if (state && reply) state->take(key, reply->get());
-    });
+    for (const char* key : {schemeKey, accentKey}) {
+        BusMessage call = bus->newCall(service, path, interface, "Read");
+        if (!call || !call.append(group) || !call.append(key)) return;
+        bus->call(call, patience, [self = own, key](Result<BusMessage> reply) {
+            const auto state = self.lock();
+            if (state && reply) state->take(key, reply->get());
+        });
+    }
+}
+
+// A portal that starts later, or again.
+void PortalAppearance::State::ownerChanged(BusMessage message)
+{
+    const auto name = message.readText(), former = message.readText(), present = message.readText();
+    if (name == service && present && !present->empty()) ask();
 }
 
 void PortalAppearance::State::changed(BusMessage message)
@@ -88,14 +118,25 @@ void PortalAppearance::State::take(const std::string& key, sd_bus_message* value
     const char type = enterVariants(value);
     std::array<double, 3> parts{};
     if (key == schemeKey && type == 'u') {
-        sd_bus_message_read_basic(value, 'u', &scheme);
-        tell();
+        std::uint32_t present = 0;
+        sd_bus_message_read_basic(value, 'u', &present);
+        set(scheme, present);
     } else if (key == accentKey && type == 'r') {
         const bool isRead = sd_bus_message_read(value, "(ddd)", &parts[0], &parts[1], &parts[2]) > 0;
         const bool isColor = isRead && std::ranges::all_of(parts, [](double part) { return part >= 0 && part <= 1; });
-        accent = isColor ? std::optional(Color::calibratedRGB(parts[0], parts[1], parts[2])) : std::nullopt;
-        tell();
+        set(accent, isColor ? std::optional(Color::calibratedRGB(parts[0], parts[1], parts[2])) : std::nullopt);
     }
+}
+
+template <typename Value>
+void PortalAppearance::State::set(Value& field, const Value& value)
+{
+    if (get(field) == value) return;
+    {
+        const std::lock_guard lock(mutex);
+        field = value;
+    }
+    tell();
 }
 
 // An observer may end itself and others.
@@ -117,13 +158,15 @@ Appearance PortalAppearance::appearance() const
 {
     const bool isPaletteDark = qobject_cast<QGuiApplication*>(QCoreApplication::instance()) &&
                                QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
-    const bool isDark = state_->scheme == prefersDark || (state_->scheme != prefersLight && isPaletteDark);
+    const std::uint32_t scheme = state_->get(state_->scheme);
+    const bool isDark = scheme == prefersDark || (scheme != prefersLight && isPaletteDark);
     return Appearance(isDark ? Appearance::darkAqua : Appearance::aqua);
 }
 
 Color PortalAppearance::accentColor() const
 {
-    return state_->accent ? *state_->accent : DesktopAppearance::accentColor();
+    const auto accent = state_->get(state_->accent);
+    return accent ? *accent : DesktopAppearance::accentColor();
 }
 
 Subscription PortalAppearance::observe(std::function<void()> observer)
