@@ -7,6 +7,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/runtime/SystemPath.h"
+
 namespace Platform {
 
 namespace {
@@ -20,7 +22,7 @@ Result<FileHandle> FileHandle::forReadingFrom(const Url& url)
 {
     if (!url.isFileUrl()) return Error::fromErrno("open", url.absoluteString(), EINVAL);
     const std::string path = url.path();
-    FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    FileDescriptor file(::open(systemPath(path), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (!file) return Error::fromErrno("open", path, errno);
     struct stat status {};
     if (::fstat(file.get(), &status) == 0 && S_ISDIR(status.st_mode)) return Error::fromErrno("open", path, EISDIR);
@@ -55,7 +57,7 @@ std::string FileHandle::readDataToEndOfFile(std::size_t most)
 
 FileDescriptor openForEvents(const Url& url)
 {
-    return FileDescriptor(::open(url.path().c_str(), O_PATH | O_CLOEXEC));
+    return FileDescriptor(::open(systemPath(url.path()), O_PATH | O_CLOEXEC));
 }
 
 }  // namespace Platform

@@ -12,6 +12,7 @@
 #include "platform/files/internal/FolderWalk.h"
 #include "platform/runtime/FileBytes.h"
 #include "platform/runtime/Shared.h"
+#include "platform/runtime/SystemPath.h"
 
 namespace Platform {
 
@@ -79,20 +80,20 @@ FileManager& FileManager::shared()
 PathKind FileManager::kind(const std::string& path) const
 {
     struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) return PathKind::none;
+    if (::stat(systemPath(path), &status) != 0) return PathKind::none;
     return S_ISDIR(status.st_mode) ? PathKind::directory : PathKind::file;
 }
 
 bool FileManager::isReadable(const std::string& path) const
 {
-    return ::faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) == 0;
+    return ::faccessat(AT_FDCWD, systemPath(path), R_OK, AT_EACCESS) == 0;
 }
 
 Result<FileAttributes> FileManager::attributes(const std::string& path) const
 {
     struct statx status {};
     constexpr unsigned wanted = STATX_BASIC_STATS | STATX_BTIME;
-    if (::statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, wanted, &status) != 0) {
+    if (::statx(AT_FDCWD, systemPath(path), AT_SYMLINK_NOFOLLOW, wanted, &status) != 0) {
         return Error::fromErrno("statx", path, errno);
     }
     return attributesOf(status);

@@ -12,6 +12,7 @@
 
 #include "platform/files/FileManager.h"
 #include "platform/files/internal/DirectoryReader.h"
+#include "platform/runtime/SystemPath.h"
 
 namespace Platform {
 
@@ -90,7 +91,7 @@ class SizeWalk {
 public:
     std::uint64_t run(const std::string& folder)
     {
-        auto root = std::make_shared<FileDescriptor>(openFolder(AT_FDCWD, folder.c_str(), true));
+        auto root = std::make_shared<FileDescriptor>(openFolder(AT_FDCWD, systemPath(folder), true));
         if (!root->isOpen()) return 0;
         pending_.start({std::move(root), "."});
         const std::uint64_t own = work(true);

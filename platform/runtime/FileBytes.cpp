@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "platform/runtime/FileDescriptor.h"
+#include "platform/runtime/SystemPath.h"
 
 namespace Platform {
 
@@ -44,7 +45,7 @@ try {
 
 Result<std::string> readFileBytes(const std::string& path, std::size_t limit)
 {
-    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    const FileDescriptor file(::open(systemPath(path), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (!file) return Error::fromErrno("open", path, errno);
     struct stat status {};
     if (::fstat(file.get(), &status) != 0) return Error::fromErrno("fstat", path, errno);

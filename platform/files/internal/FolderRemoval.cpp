@@ -5,6 +5,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "platform/runtime/SystemPath.h"
+
 namespace Platform {
 
 namespace {
@@ -29,9 +31,7 @@ FolderRemoval::FolderRemoval(std::string path)
 
 Result<void> FolderRemoval::run()
 {
-    // The system would take the part before it for the whole path.
-    if (path_.find('\0') != std::string::npos) return Error::fromErrno("remove", path_, EINVAL);
-    if (::unlink(path_.c_str()) == 0) return {};
+    if (::unlink(systemPath(path_)) == 0) return {};
     if (errno != EISDIR) return Error::fromErrno("remove", path_, errno);
     if (::rmdir(path_.c_str()) == 0) return {};
     if (!isNotEmpty(errno)) return Error::fromErrno("remove", path_, errno);

@@ -8,6 +8,7 @@
 
 #include "platform/bundle/Bundle.h"
 #include "platform/files/internal/DirectoryReader.h"
+#include "platform/runtime/SystemPath.h"
 
 namespace Platform {
 
@@ -34,7 +35,7 @@ FolderWalk::FolderWalk(std::string folder, const EnumerationOptions& options, co
 
 Result<void> FolderWalk::run()
 {
-    FileDescriptor folder = openFolder(AT_FDCWD, path_.c_str(), true);
+    FileDescriptor folder = openFolder(AT_FDCWD, systemPath(path_), true);
     if (!folder) return Error::fromErrno("open", path_, errno);
     path_ = withoutTrailingSlashes(std::move(path_));
     if (!enter(std::move(folder))) return Error::fromErrno("getdents64", path_, errno);

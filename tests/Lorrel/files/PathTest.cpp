@@ -45,6 +45,8 @@ TEST(Path, RemovalTakesFoldersWholeAndLinksAlone)
     std::filesystem::create_directory_symlink(folder / "kept", folder / "link");
     EXPECT_TRUE(Path::remove(Url::fromPath(folder / "tree")));
     EXPECT_TRUE(Path::remove(Url::fromPath(folder / "link")));
+    EXPECT_FALSE(Path::exists(folder / std::string("kept\0x", 6)));
+    EXPECT_TRUE(Path::remove(Url::fromPath(folder / std::string("kept\0x", 6)))) << "no part of a name is the name";
     EXPECT_TRUE(Path::exists(folder / "kept/file"));
     testing::internal::CaptureStdout();
     EXPECT_TRUE(Path::remove(Url::fromPath(folder / "missing")));
