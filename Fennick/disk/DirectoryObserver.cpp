@@ -1,7 +1,6 @@
 #include "Fennick/disk/DirectoryObserver.h"
 
 #include <atomic>
-#include <mutex>
 #include <utility>
 
 #include "platform/files/FileHandle.h"
@@ -11,16 +10,17 @@
 
 namespace Fennick {
 
-// At most one call runs and one waits behind it, whatever happens meanwhile.
+// At most one call runs and one waits behind it, whatever happens meanwhile. The
+// queue's blocks run on the threads of the global one.
 struct DirectoryObserver::Delivery {
     std::function<void()> handler;
     std::atomic<bool> isCancelled = false;
     std::atomic<bool> isWaiting = false;
-    std::mutex running;
+    const std::shared_ptr<Platform::Queue> calls =
+        Platform::Queue::create("directory observer", Platform::Queue::Kind::serial);
 
     void call()
     {
-        std::lock_guard lock(running);
         isWaiting = false;
         if (!isCancelled) handler();
     }
@@ -32,7 +32,7 @@ DirectoryObserver::DirectoryObserver(const Platform::Url& url, std::function<voi
     if (!fileDescriptor_) return;
     delivery_->handler = std::move(handler);
     const auto deliver = [delivery = delivery_](Platform::FileEvents) {
-        if (!delivery->isWaiting.exchange(true)) Platform::Queue::global().async([delivery] { delivery->call(); });
+        if (!delivery->isWaiting.exchange(true)) delivery->calls->async([delivery] { delivery->call(); });
     };
     auto source = Platform::FileSystemEvents::background().watch(fileDescriptor_.get(), deliver);
     if (source) {
