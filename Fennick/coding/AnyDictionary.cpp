@@ -19,6 +19,11 @@ std::size_t hashOf(const AnyValue& key)
 {
     return key.hash();
 }
+// A number's hash is the number itself, so every bit of it has to matter.
+std::size_t firstSlot(std::size_t hash, std::size_t mask)
+{
+    return hash * 0x9E3779B97F4A7C15 >> std::countl_zero(mask);
+}
 bool isSame(const AnyValue& key, std::string_view wanted)
 {
     return key.asText() == wanted;
@@ -57,7 +62,7 @@ template <typename Key>
 std::size_t AnyDictionary::placeOf(const Key& key, std::size_t hash) const
 {
     const std::size_t mask = slots_.size() - 1;
-    for (std::size_t slot = hash & mask; slots_[slot] != 0; slot = (slot + 1) & mask) {
+    for (std::size_t slot = firstSlot(hash, mask); slots_[slot] != 0; slot = (slot + 1) & mask) {
         const std::size_t place = slots_[slot] - 1;
         if (isSame(entries_[place].key, key)) return place;
     }
@@ -135,7 +140,7 @@ void AnyDictionary::rebuildIndex()
 void AnyDictionary::index(std::size_t place, std::size_t hash)
 {
     const std::size_t mask = slots_.size() - 1;
-    std::size_t slot = hash & mask;
+    std::size_t slot = firstSlot(hash, mask);
     while (slots_[slot] != 0) slot = (slot + 1) & mask;
     slots_[slot] = static_cast<std::uint32_t>(place + 1);
 }
