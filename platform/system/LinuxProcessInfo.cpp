@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <chrono>
 #include <memory>
+#include <vector>
 
 #include <sys/sysinfo.h>
 
@@ -66,13 +67,14 @@ public:
     ThermalState thermalState() const override
     {
         const std::string zones = SystemRoots::shared().sys() + "/class/thermal";
-        ThermalState worst = ThermalState::nominal;
+        std::vector<TimedQuestion> asked;
         for (const auto& zone : entriesWithPrefix(zones, "thermal_zone")) {
             const std::string path = zones + "/" + zone;
-            const auto state = askWithin(100ms, path, [path] { return static_cast<int>(stateOfZone(path)); });
-            worst = std::max(worst, static_cast<ThermalState>(state.value_or(0)));
+            asked.emplace_back(100ms, path, [path] { return static_cast<int>(stateOfZone(path)); });
         }
-        return worst;
+        int worst = 0;
+        for (const auto& zone : asked) worst = std::max(worst, zone.answer().value_or(0));
+        return static_cast<ThermalState>(worst);
     }
 
     std::uint64_t physicalMemory() const override
