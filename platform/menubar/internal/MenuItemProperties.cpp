@@ -1,6 +1,7 @@
 #include "platform/menubar/internal/MenuItemProperties.h"
 
 #include <array>
+#include <cmath>
 #include <utility>
 
 #include "platform/menubar/Menu.h"
@@ -19,12 +20,8 @@ std::string escapedLabel(const std::string& title)
     return label;
 }
 
-std::vector<std::byte> pictureOf(const MenuItem& item)
-{
-    const ImageRef image = item.view() ? item.view()->rendered() : item.image();
-    const auto bitmap = image ? image->bitmap() : std::nullopt;
-    return (bitmap ? encodePng(*bitmap) : std::nullopt).value_or(std::vector<std::byte>());
-}
+// What no screen shows of a picture need not be encoded, sent and scaled.
+constexpr double pixelsPerPoint = 2;
 
 void appendBytes(sd_bus_message* message, const std::vector<std::byte>& bytes)
 {
@@ -57,10 +54,11 @@ void addTick(std::vector<BusObject::Property>& properties, MenuItemState state)
 
 void addPicture(std::vector<BusObject::Property>& properties, const MenuItem& item)
 {
-    auto picture = pictureOf(item);
-    if (picture.empty()) return;
-    properties.push_back({"icon-data", "ay",
-                          [picture = std::move(picture)](sd_bus_message* message) { appendBytes(message, picture); }});
+    const auto picture = pictureOf(item);
+    auto png = picture ? encodePng(*picture) : std::nullopt;
+    if (!png) return;
+    properties.push_back(
+        {"icon-data", "ay", [png = std::move(*png)](sd_bus_message* message) { appendBytes(message, png); }});
 }
 
 void addShortcut(std::vector<BusObject::Property>& properties, const MenuItem& item)
@@ -73,6 +71,17 @@ void addShortcut(std::vector<BusObject::Property>& properties, const MenuItem& i
 }
 
 }  // namespace
+
+std::optional<Bitmap> pictureOf(const MenuItem& item)
+{
+    const ImageRef image = item.view() ? item.view()->rendered() : item.image();
+    auto bitmap = image ? image->bitmap() : std::nullopt;
+    if (!bitmap) return std::nullopt;
+    const double width = std::ceil(image->size().width * pixelsPerPoint);
+    const double height = std::ceil(image->size().height * pixelsPerPoint);
+    const bool isTooFine = bitmap->width() > width && bitmap->height() > height && Bitmap::isPossible(width, height);
+    return isTooFine ? image->bitmap(static_cast<int>(width), static_cast<int>(height)) : bitmap;
+}
 
 std::string shortcutKeyName(const std::string& keyEquivalent)
 {

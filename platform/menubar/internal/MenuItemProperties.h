@@ -1,10 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/menubar/MenuItem.h"
 #include "platform/menubar/internal/BusObject.h"
+#include "platform/ui/Bitmap.h"
 
 namespace Platform {
 
@@ -12,6 +14,10 @@ namespace Platform {
 std::vector<BusObject::Property> propertiesOf(const MenuItem& item);
 // The names of all of those that may be there.
 const std::vector<std::string>& menuPropertyNames();
+
+// The item's view, or its image in at most two pixels a point; absent without
+// either, or where there is nothing to draw.
+std::optional<Bitmap> pictureOf(const MenuItem& item);
 
 // The key of a shortcut as the menu's readers call it: "F1", "space", "a";
 // empty for none.

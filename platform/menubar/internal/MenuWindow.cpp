@@ -1,8 +1,10 @@
 #include "platform/menubar/internal/MenuWindow.h"
 
 #include <QCursor>
+#include <QLabel>
 #include <QPointer>
-#include <array>
+#include <QWidgetAction>
+#include <utility>
 
 #include "platform/menubar/internal/MenuItemProperties.h"
 #include "platform/runtime/RunLoop.h"
@@ -23,14 +25,23 @@ QString textOf(const MenuItem& item)
     return text;
 }
 
-QIcon iconOf(const MenuItem& item)
+QPixmap pixmapOf(const MenuItem& item)
 {
-    const ImageRef image = item.view() ? item.view()->rendered() : item.image();
-    const auto bitmap = image ? image->bitmap() : std::nullopt;
-    if (!bitmap) return {};
-    const QImage pixels(reinterpret_cast<const uchar*>(bitmap->pixels()), bitmap->width(), bitmap->height(),
-                        static_cast<qsizetype>(bitmap->bytesPerRow()), QImage::Format_ARGB32_Premultiplied);
+    const auto picture = pictureOf(item);
+    if (!picture) return {};
+    const QImage pixels(reinterpret_cast<const uchar*>(picture->pixels()), picture->width(), picture->height(),
+                        static_cast<qsizetype>(picture->bytesPerRow()), QImage::Format_ARGB32_Premultiplied);
     return QPixmap::fromImage(pixels.copy());
+}
+
+// Shows a view in its own size, which an icon would not have; the menu gets what the pointer does on it.
+QAction* newViewLine(QWidget* window)
+{
+    auto* line = new QWidgetAction(window);
+    auto* label = new QLabel;
+    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    line->setDefaultWidget(label);
+    return line;
 }
 
 }  // namespace
@@ -54,7 +65,7 @@ MenuWindow::MenuWindow(MenuRef menu, QWidget* parent) : QMenu(parent), menu_(std
 
 MenuWindow::Key MenuWindow::keyOf(const MenuItem& item)
 {
-    return {&item, item.submenu().get()};
+    return {&item, item.submenu().get(), item.view() != nullptr};
 }
 
 // Lines that stay keep their windows and the highlight, and are never all
@@ -80,7 +91,7 @@ void MenuWindow::fill()
 
 QAction* MenuWindow::newLine(const MenuItemRef& item)
 {
-    auto* line = new QAction(this);
+    QAction* line = item->view() ? newViewLine(this) : new QAction(this);
     line->setSeparator(item->isSeparator());
     describe(*line, *item);
     if (item->submenu()) {
@@ -104,7 +115,11 @@ void MenuWindow::describe(QAction& line, const MenuItem& item)
 {
     if (std::exchange(isDrawing_, true)) return;
     line.setText(textOf(item));
-    line.setIcon(iconOf(item));
+    if (auto* shown = qobject_cast<QWidgetAction*>(&line)) {
+        qobject_cast<QLabel*>(shown->defaultWidget())->setPixmap(pixmapOf(item));
+    } else {
+        line.setIcon(pixmapOf(item));
+    }
     line.setEnabled(item.isEnabled());
     line.setVisible(!item.isHidden());
     line.setCheckable(item.state() != MenuItemState::off);
@@ -114,7 +129,9 @@ void MenuWindow::describe(QAction& line, const MenuItem& item)
 
 void MenuWindow::refresh(MenuItem* item)
 {
-    if (const auto line = lines_.find(keyOf(*item)); line != lines_.end()) describe(*line->second, *item);
+    const auto line = lines_.find(keyOf(*item));
+    if (line == lines_.end()) return fill();  // it is shown in another way now
+    describe(*line->second, *item);
 }
 
 void MenuWindow::willShow()

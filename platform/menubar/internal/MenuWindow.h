@@ -3,7 +3,7 @@
 #include <QMenu>
 #include <map>
 #include <set>
-#include <utility>
+#include <tuple>
 
 #include "platform/menubar/Menu.h"
 
@@ -17,8 +17,8 @@ public:
     static void open(const MenuRef& menu);
 
 private:
-    // What a line stands for: an item and what hangs below it.
-    using Key = std::pair<const MenuItem*, const Menu*>;
+    // What a line stands for: an item, what hangs below it, and whether it shows a view.
+    using Key = std::tuple<const MenuItem*, const Menu*, bool>;
 
     explicit MenuWindow(MenuRef menu, QWidget* parent = nullptr);
     // Tells that it closes, if it is open.

@@ -122,7 +122,8 @@ TEST_F(MenuTest, LayoutSaysAllOfEveryItemAndNumbersStay)
     inner->setState(MenuItemState::mixed);
     inner->setEnabled(false);
     const auto picture = add("Picture", 4, menu);
-    picture->setImage(std::make_shared<Image>(*Bitmap::create(4, 4)));
+    picture->setImage(std::make_shared<Image>(*Bitmap::create(512, 512), Size{16, 16}));
+    EXPECT_EQ(pictureOf(*picture)->width(), 32);
     picture->setHidden(true);
 
     const std::string root = "0 children-display=submenu [1 label=Open__it shortcut] [2 type=separator]";
@@ -353,7 +354,11 @@ TEST_F(MenuTest, ViewsShowAsPicturesThatFollowTheHighlight)
     host->signals.clear();
     send(1, "hovered");
     EXPECT_TRUE(eventually([&] { return !host->signals.empty(); }));
-    line->setView(nullptr);
+    const auto other = MenuItem::create("");
+    other->setView(line->view());
+    EXPECT_EQ(line->view(), nullptr);
+    EXPECT_EQ(view->enclosingMenuItem(), other);
+    other->setView(nullptr);
     EXPECT_EQ(view->enclosingMenuItem(), nullptr);
 }
 

@@ -51,8 +51,9 @@ TEST(PopUpMenu, OpensAtThePointerIsSteeredByKeysAndTellsItsDelegate)
     const auto witness = std::make_shared<Witness>();
     const MenuRef menu = Menu::create();
     menu->setDelegate(witness);
-    for (const char* title : {"One", "Two & more"}) menu->addItem(MenuItem::create(title, &Witness::choose));
+    for (const char* title : {"One", "hidden by its view"}) menu->addItem(MenuItem::create(title, &Witness::choose));
     menu->items().back()->setTarget(witness);
+    menu->items().back()->setView(std::make_shared<View>(Rect::of(0, 0, 120, 40)));
     EXPECT_FALSE(popUp(nullptr));
     const struct {
         std::vector<std::string> keys;
@@ -65,6 +66,7 @@ TEST(PopUpMenu, OpensAtThePointerIsSteeredByKeysAndTellsItsDelegate)
         ASSERT_TRUE(popUp(menu));
         ASSERT_TRUE(eventually([&] { return witness->heard == "open "; }));
         ASSERT_TRUE(eventually(isOnScreen));
+        EXPECT_GE(QApplication::activePopupWidget()->height(), 60) << "a view keeps its size";
         ASSERT_EQ(runOnDisplay(keys), 0);
         EXPECT_TRUE(eventually([&] { return witness->heard.size() >= heard.size(); })) << witness->heard;
         EXPECT_EQ(witness->heard, heard);
