@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -187,6 +188,15 @@ TEST_F(FileMonitorTest, WhatCannotBeOpenedOrWatchedIsAnErrorWithItsReason)
     };
     EXPECT_EQ(codeOf(folder / "missing"), ENOENT);
     EXPECT_EQ(codeOf(folder.path()), EISDIR);
+    // One descriptor is left, for the file; with more the next attempt succeeds.
+    const int next = Platform::FileDescriptor(::open("/dev/null", O_RDONLY)).get();
+    rlimit usual{};
+    ::getrlimit(RLIMIT_NOFILE, &usual);
+    const rlimit few{static_cast<rlim_t>(next) + 1, usual.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &few);
+    EXPECT_EQ(codeOf(path), EMFILE);
+    ::setrlimit(RLIMIT_NOFILE, &usual);
+    EXPECT_EQ(codeOf(path), 0);
     const Tests::Replaced<Platform::FileSystemEvents, FullQuota> quota;
     EXPECT_EQ(codeOf(path), ENOSPC);
 }
