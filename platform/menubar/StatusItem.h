@@ -65,7 +65,7 @@ public:
     // Asks the desktop to open the menu, as for a hotkey. Most tray hosts do not
     // listen: the block is called later, once, when none has begun to open it
     // within a quarter of a second, or at once when none shows the item; not
-    // without a menu, nor off the bar.
+    // without a menu, nor off the bar, nor when this is asked again before.
     void openMenu(std::function<void()> otherwise = {});
     bool isVisible() const { return isVisible_; }
     void setVisible(bool visible);
