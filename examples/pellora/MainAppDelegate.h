@@ -1,10 +1,14 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 #include "Lorrel/apps/queries/IAutoStartController.h"
 #include "examples/pellora/Monitor.h"
 #include "examples/pellora/Settings.h"
+#include "examples/pellora/SettingsWatch.h"
+#include "examples/pellora/StatusDisplay.h"
 #include "examples/pellora/watch/LimitWarnings.h"
 #include "platform/runtime/Application.h"
 
@@ -13,16 +17,24 @@ namespace Pellora {
 // The running application. Thread: main.
 class MainAppDelegate : public Platform::ApplicationDelegate {
 public:
-    MainAppDelegate(std::unique_ptr<Lorrel::IAutoStartController> autoStart, Settings settings);
+    // The settings that hold now, those that are kept included.
+    using PresentSettings = std::function<Settings()>;
+
+    MainAppDelegate(std::unique_ptr<Lorrel::IAutoStartController> autoStart, PresentSettings settings);
 
     void applicationDidFinishLaunching() override;
 
 private:
+    void settingsMayHaveChanged();
+    void watchLimits();
+
     const std::unique_ptr<Lorrel::IAutoStartController> autoStart_;
-    const Settings settings_;
+    const PresentSettings presentSettings_;
+    Settings settings_;
     std::unique_ptr<Monitor> monitor_;
     std::shared_ptr<LimitWarnings> warnings_;
-    std::shared_ptr<Fennick::DataProviderContainerDelegate> display_;
+    std::shared_ptr<StatusDisplay> display_;
+    std::optional<SettingsWatch> settingsWatch_;
 };
 
 }  // namespace Pellora

@@ -1,18 +1,19 @@
 #include "examples/pellora/Monitor.h"
 
-#include "examples/pellora/providers/AllProviders.h"
-#include "examples/pellora/watch/FollowedLog.h"
-#include "examples/pellora/watch/Ping.h"
-#include "examples/pellora/watch/WatchedApplications.h"
+#include <utility>
+
+#include "examples/pellora/Subjects.h"
 
 namespace Pellora {
 
-Monitor::Monitor(double interval, const std::vector<std::shared_ptr<Provider>>& providers)
-    : providers_(providers),
-      container_(Fennick::DataProviderContainer::create(interval)),
+Monitor::Monitor(const Settings& settings)
+    : settings_(settings),
+      providers_(allSubjects().size()),
+      container_(Fennick::DataProviderContainer::create(settings.interval)),
       readings_(container_->store())
 {
-    for (const auto& provider : providers_) container_->addProvider(provider);
+    for (std::size_t at = 0; at < providers_.size(); ++at)
+        replace(providers_[at], allSubjects()[at].provider(settings));
     container_->setDelegate(listeners_);
 }
 
@@ -20,6 +21,26 @@ Monitor::Monitor(double interval, const std::vector<std::shared_ptr<Provider>>& 
 Monitor::~Monitor()
 {
     container_->stop();
+}
+
+void Monitor::take(const Settings& settings)
+{
+    const Settings former = std::exchange(settings_, settings);
+    if (settings.interval != former.interval) container_->setInterval(settings.interval);
+    for (std::size_t at = 0; at < providers_.size(); ++at) {
+        const Subject& subject = allSubjects()[at];
+        if (!subject.isSame(former, settings)) replace(providers_[at], subject.provider(settings));
+    }
+}
+
+void Monitor::replace(std::shared_ptr<Provider>& present, const std::shared_ptr<Provider>& next)
+{
+    if (present) {
+        container_->removeProvider(present);
+        for (const auto& key : present->keys()) readings_->remove(key);
+    }
+    present = next && !next->keys().empty() ? next : nullptr;
+    container_->addProvider(present);
 }
 
 void Monitor::Listeners::didRefresh(double elapsed)
@@ -35,17 +56,10 @@ void Monitor::addListener(const std::shared_ptr<Fennick::DataProviderContainerDe
 std::vector<std::string> Monitor::keys() const
 {
     std::vector<std::string> all;
-    for (const auto& provider : providers_) all.insert(all.end(), provider->keys().begin(), provider->keys().end());
+    for (const auto& provider : providers_) {
+        if (provider) all.insert(all.end(), provider->keys().begin(), provider->keys().end());
+    }
     return all;
-}
-
-std::unique_ptr<Monitor> monitorFor(const Settings& settings)
-{
-    auto providers = machineProviders(settings.disk);
-    if (!settings.applications.empty()) providers.push_back(WatchedApplications::create(settings.applications));
-    if (!settings.log.empty()) providers.push_back(FollowedLog::create(settings.log));
-    if (!settings.ping.empty()) providers.push_back(std::make_shared<Ping>(settings.ping));
-    return std::make_unique<Monitor>(settings.interval, providers);
 }
 
 }  // namespace Pellora

@@ -16,12 +16,14 @@ namespace Pellora {
 // Thread: main.
 class Monitor {
 public:
-    // Refreshes every so many seconds from now on, until it ends.
-    Monitor(double interval, const std::vector<std::shared_ptr<Provider>>& providers);
+    // Measures what the machine has and what the settings name, from now on until it ends.
+    explicit Monitor(const Settings& settings);
     Monitor(const Monitor&) = delete;
     Monitor& operator=(const Monitor&) = delete;
     ~Monitor();
 
+    // Goes on with other settings; what is measured as before keeps its history.
+    void take(const Settings& settings);
     // One reading at once, beside those of the timer.
     void refresh() { container_->refresh(); }
     // Called after every refresh; held weakly.
@@ -37,13 +39,13 @@ private:
         Fennick::MulticastDelegate<Fennick::DataProviderContainerDelegate> all;
     };
 
-    const std::vector<std::shared_ptr<Provider>> providers_;
+    void replace(std::shared_ptr<Provider>& present, const std::shared_ptr<Provider>& next);
+
+    Settings settings_;
+    std::vector<std::shared_ptr<Provider>> providers_;  // of each subject; null without readings
     const std::shared_ptr<Fennick::DataProviderContainer> container_;
     const std::shared_ptr<Fennick::IDataStore> readings_;
     const std::shared_ptr<Listeners> listeners_ = std::make_shared<Listeners>();
 };
-
-// Measures what the machine has and what the settings name.
-std::unique_ptr<Monitor> monitorFor(const Settings& settings);
 
 }  // namespace Pellora

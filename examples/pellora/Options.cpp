@@ -35,6 +35,12 @@ bool takeTable(std::string_view word, Options& options)
     return error == std::errc() && end == word.data() + word.size();
 }
 
+bool takePicture(std::string_view word, Options& options)
+{
+    options.picture = word;
+    return !word.empty();
+}
+
 constexpr Flag flags[] = {
     {"--directly", [](Options& options) { options.starter = Starter::session; }},
     {"--through-launcher", [](Options& options) { options.starter = Starter::launcher; }},
@@ -44,6 +50,7 @@ constexpr Flag flags[] = {
 constexpr Wish wishes[] = {
     {"--start-at-login", takeStartAtLogin},
     {"--table", takeTable},
+    {"--picture", takePicture},
 };
 
 bool takeChange(std::string_view option, std::string_view word, Options& options)
@@ -66,8 +73,9 @@ bool takeWithWord(std::string_view option, std::string_view word, Options& optio
 const char* const usage =
     "Pellora                                 runs until it is told to quit\n"
     "Pellora --table N                       prints the readings N times (0: without end) and ends\n"
+    "Pellora --picture FILE                  draws its status item and menu, light and dark, as PNG and ends\n"
     "Pellora --start-at-login on|off|status  switches starting at login and prints its state\n"
-    "Pellora --save SETTINGS                 keeps the settings for later runs and prints all\n"
+    "Pellora --save SETTINGS                 keeps the settings, also for one that runs, and prints all\n"
     "Settings, for this run unless they are saved:\n"
     "  --interval SECONDS    between two readings\n"
     "  --disk FOLDER         whose file system is measured\n"

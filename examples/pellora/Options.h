@@ -15,6 +15,7 @@ struct Options {
     std::optional<Starter> starter;                                      // else the right one for this system
     std::string_view autoStartCommand;                                   // "on", "off", "status", or another word
     std::optional<std::size_t> tableRefreshes;                           // 0 for no end
+    std::string_view picture;                                            // a file to draw the item into
     std::vector<std::pair<std::string_view, std::string_view>> changes;  // settings by name, and their texts
     bool savesSettings = false;
     bool wantsHelp = false;

@@ -1,11 +1,12 @@
 #include <cstdio>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "examples/pellora/AutoStart.h"
 #include "examples/pellora/MainAppDelegate.h"
-#include "examples/pellora/Monitor.h"
 #include "examples/pellora/Options.h"
+#include "examples/pellora/PictureDelegate.h"
 #include "examples/pellora/Settings.h"
 #include "examples/pellora/table/TableDelegate.h"
 #include "platform/runtime/Application.h"
@@ -44,11 +45,16 @@ int switchAutoStart(const Options& options)
 
 std::shared_ptr<Platform::ApplicationDelegate> delegateFor(const Options& options, const Settings& settings)
 {
-    if (options.tableRefreshes) {
-        return std::make_shared<TableDelegate>(monitorFor(settings), *options.tableRefreshes);
+    if (options.tableRefreshes) return std::make_shared<TableDelegate>(settings, *options.tableRefreshes);
+    auto autoStart = autoStartController(options.starter.value_or(starterOfThisSystem()));
+    if (!options.picture.empty()) {
+        return std::make_shared<PictureDelegate>(std::move(autoStart), settings, std::string(options.picture));
     }
-    return std::make_shared<MainAppDelegate>(autoStartController(options.starter.value_or(starterOfThisSystem())),
-                                             settings);
+    return std::make_shared<MainAppDelegate>(std::move(autoStart), [&options] {
+        Settings present = loadSettings(*keptSettings());
+        apply(options, present);  // its texts were of use before
+        return present;
+    });
 }
 
 }  // namespace

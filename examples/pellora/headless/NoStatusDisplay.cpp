@@ -4,8 +4,7 @@ namespace Pellora {
 
 void prepareDesktop() {}
 
-std::shared_ptr<Fennick::DataProviderContainerDelegate> statusDisplayFor(const Monitor&, Lorrel::IAutoStartController&,
-                                                                         const Settings&)
+std::shared_ptr<StatusDisplay> statusDisplayFor(const Monitor&, Lorrel::IAutoStartController&, const Settings&)
 {
     return nullptr;
 }

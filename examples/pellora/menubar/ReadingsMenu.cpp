@@ -12,10 +12,8 @@ constexpr std::size_t graphWidth = 12;
 
 std::string lineOf(const Fennick::IDataStore& readings, const std::string& key, const std::string& name)
 {
-    std::string line = name + ": " + readings.stringFor(key);
-    const auto history = readings.historyFor(key);
-    if (history && readings.valueFor(key)) line += "  " + sparkline(*history, graphWidth);
-    return line;
+    const std::string graph = graphOf(readings, key, graphWidth);  // in front, where all begin at one place
+    return graph + (graph.empty() ? "" : "  ") + name + ": " + readings.stringFor(key);
 }
 
 }  // namespace
@@ -67,6 +65,13 @@ void ReadingsMenu::update()
 void ReadingsMenu::readingsChanged()
 {
     if (isOpen_ || lines_.empty()) update();
+}
+
+void ReadingsMenu::readingsReplaced()
+{
+    for (const auto& [key, line] : lines_) menu_->removeItem(line);
+    lines_.clear();
+    update();
 }
 
 void ReadingsMenu::menuNeedsUpdate(Platform::Menu& /*menu*/)

@@ -22,6 +22,8 @@ public:
     const Platform::MenuRef& menu() const { return menu_; }
     // After a refresh.
     void readingsChanged();
+    // Where there are now other ones, or in another order.
+    void readingsReplaced();
 
     void menuNeedsUpdate(Platform::Menu& menu) override;
     void menuWillOpen(Platform::Menu& menu) override;

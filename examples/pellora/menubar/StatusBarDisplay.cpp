@@ -1,7 +1,9 @@
 #include "examples/pellora/menubar/StatusBarDisplay.h"
 
 #include "Fennick/notifications/Notifications.h"
+#include "Lorrel/presentation/ImageOperations.h"
 #include "examples/pellora/HotkeyText.h"
+#include "examples/pellora/menubar/ItemPicture.h"
 #include "platform/menubar/PopUpMenu.h"
 #include "platform/menubar/StatusBar.h"
 #include "platform/ui/Desktop.h"
@@ -21,9 +23,8 @@ void prepareDesktop()
     Platform::installDesktop();
 }
 
-std::shared_ptr<Fennick::DataProviderContainerDelegate> statusDisplayFor(const Monitor& monitor,
-                                                                         Lorrel::IAutoStartController& autoStart,
-                                                                         const Settings& settings)
+std::shared_ptr<StatusDisplay> statusDisplayFor(const Monitor& monitor, Lorrel::IAutoStartController& autoStart,
+                                                const Settings& settings)
 {
     return std::make_shared<StatusBarDisplay>(monitor, autoStart, settings);
 }
@@ -40,7 +41,7 @@ StatusBarDisplay::StatusBarDisplay(const Monitor& monitor, Lorrel::IAutoStartCon
     controller_->setMenu(menu_->menu());
     controller_->item()->item()->setToolTip("Pellora");
     controller_->item()->item()->setAccessibilityText("Pellora");
-    if (const auto hotkey = hotkeyFrom(settings.hotkey)) claim(*hotkey);
+    claim(settings.hotkey);
 }
 
 StatusBarDisplay::~StatusBarDisplay()
@@ -54,11 +55,17 @@ void StatusBarDisplay::Look::appearanceChanged(bool /*isDark*/)
     if (const auto shown = graph.lock()) shown->setNeedsDisplay(true);
 }
 
-void StatusBarDisplay::claim(const Lorrel::Hotkey& hotkey)
+// In place of the former one.
+void StatusBarDisplay::claim(const std::string& hotkey)
 {
+    if (const auto former = hotkeyFrom(hotkey_)) hotkeys_->unregister(*former);
+    hotkeys_->keyUpHandlers().clear();
+    hotkey_ = hotkey;
+    const auto wanted = hotkeyFrom(hotkey);
+    if (!wanted) return;
     const auto item = controller_->item()->item();
-    hotkeys_->keyUpHandlers()[hotkey] = {[item, readings = readings_] { openMenu(*item, readings); }};
-    hotkeys_->register_(hotkey);
+    hotkeys_->keyUpHandlers()[*wanted] = {[item, readings = readings_] { openMenu(*item, readings); }};
+    hotkeys_->register_(*wanted);
 }
 
 void StatusBarDisplay::openMenu(Platform::StatusItem& item, const std::shared_ptr<Fennick::IDataStore>& readings)
@@ -82,6 +89,23 @@ void StatusBarDisplay::didRefresh(double /*elapsed*/)
 {
     if (const auto history = readings_->historyFor(graphKey)) graph_->setHistory(*history);
     menu_->readingsChanged();
+}
+
+void StatusBarDisplay::take(const Settings& settings)
+{
+    menu_->readingsReplaced();
+    if (settings.hotkey != hotkey_) claim(settings.hotkey);
+}
+
+void StatusBarDisplay::writePicture(const std::string& path)
+{
+    Platform::StatusItem& item = *controller_->item()->item();
+    item.menu()->needsUpdate();
+    std::vector<Platform::ImageRef> pictures;
+    for (const auto& look : {Platform::Appearance::aqua, Platform::Appearance::darkAqua}) {
+        pictures.push_back(itemPicture(item, look));
+    }
+    Lorrel::writePNG(sideBySide(pictures), Platform::Url::fromPath(path));
 }
 
 }  // namespace Pellora

@@ -15,7 +15,7 @@ namespace Pellora {
 // readings. The hotkey opens the menu when it is let go: in the bar where the
 // tray host does that, else at the pointer; without a screen it shows the main
 // readings as a user notification. Thread: main.
-class StatusBarDisplay final : public Fennick::DataProviderContainerDelegate {
+class StatusBarDisplay final : public StatusDisplay {
 public:
     StatusBarDisplay(const Monitor& monitor, Lorrel::IAutoStartController& autoStart, const Settings& settings);
     StatusBarDisplay(const StatusBarDisplay&) = delete;
@@ -23,6 +23,8 @@ public:
     ~StatusBarDisplay() override;
 
     void didRefresh(double elapsed) override;
+    void take(const Settings& settings) override;
+    void writePicture(const std::string& path) override;
 
     const std::shared_ptr<Lorrel::MenuBarItemController>& controller() const { return controller_; }
     const std::shared_ptr<GraphView>& graph() const { return graph_; }
@@ -36,7 +38,7 @@ private:
         std::weak_ptr<GraphView> graph;
     };
 
-    void claim(const Lorrel::Hotkey& hotkey);
+    void claim(const std::string& hotkey);
     static void openMenu(Platform::StatusItem& item, const std::shared_ptr<Fennick::IDataStore>& readings);
     static void tell(const Fennick::IDataStore& readings);
 
@@ -45,6 +47,7 @@ private:
     const std::shared_ptr<GraphView> graph_;
     const std::shared_ptr<Lorrel::MenuBarItemController> controller_;
     const std::shared_ptr<Lorrel::HotkeyController> hotkeys_ = Lorrel::HotkeyController::create();
+    std::string hotkey_;
 };
 
 }  // namespace Pellora

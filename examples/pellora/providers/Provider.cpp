@@ -6,7 +6,7 @@ using Category = Fennick::IdentifierCategory;
 
 NumberReading Provider::addPercentage(const std::string& key, const std::string& name)
 {
-    auto reading = std::make_shared<Fennick::NumberIdentifier>(key, name, Category::percentage, 1);
+    auto reading = std::make_shared<Percentage>(key, name);
     add(reading);
     return reading;
 }

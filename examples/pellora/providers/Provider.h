@@ -15,6 +15,15 @@ namespace Pellora {
 
 using NumberReading = std::shared_ptr<Fennick::NumberIdentifier>;
 
+// A reading between 0 and 100.
+class Percentage final : public Fennick::NumberIdentifier {
+public:
+    Percentage(const std::string& key, const std::string& name)
+        : NumberIdentifier(key, name, Fennick::IdentifierCategory::percentage, 1)
+    {
+    }
+};
+
 // What Pellora's data providers have in common: a store, and the keys of their
 // readings in the order in which they are shown. A provider whose subject the
 // machine lacks has no readings. Thread: the one that refreshes.

@@ -20,13 +20,6 @@ std::string spaces(std::size_t wanted, std::size_t taken)
     return std::string(wanted > taken ? wanted - taken : 0, ' ');
 }
 
-std::string graphOf(const Fennick::IDataStore& readings, const std::string& key, std::size_t width)
-{
-    const auto history = width > 0 ? readings.historyFor(key) : std::nullopt;
-    const bool hasNumber = readings.valueFor(key).has_value();
-    return history && hasNumber ? sparkline(*history, width) : std::string();
-}
-
 }  // namespace
 
 std::size_t columnsOf(std::string_view text)

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "examples/pellora/providers/Provider.h"
+
 namespace Pellora {
 
 namespace {
@@ -11,11 +13,11 @@ constexpr std::array bars{"▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"
 
 }  // namespace
 
-std::string sparkline(std::span<const Platform::Number> history, std::size_t width)
+std::string sparkline(std::span<const Platform::Number> history, std::size_t width, double full)
 {
     const auto shown = history.last(std::min(width, history.size()));
     double lowest = 0;
-    double highest = 0;
+    double highest = full;
     for (const auto& number : shown) {
         lowest = std::min(lowest, number.doubleValue());
         highest = std::max(highest, number.doubleValue());
@@ -27,6 +29,13 @@ std::string sparkline(std::span<const Platform::Number> history, std::size_t wid
         line += bars[std::min(static_cast<std::size_t>(level), bars.size() - 1)];
     }
     return line;
+}
+
+std::string graphOf(const Fennick::IDataStore& readings, const std::string& key, std::size_t width)
+{
+    const auto history = width > 0 && readings.valueFor(key) ? readings.historyFor(key) : std::nullopt;
+    if (!history) return {};
+    return sparkline(*history, width, readings.identifierAs<Percentage>(key) ? 100 : 0);
 }
 
 }  // namespace Pellora

@@ -4,12 +4,16 @@
 #include <span>
 #include <string>
 
+#include "Fennick/datastore/IDataStore.h"
 #include "platform/runtime/Number.h"
 
 namespace Pellora {
 
 // The last `width` numbers of a history as bars of one character each, between
-// the lowest (at most 0) and the highest of them; a still history is a flat line.
-std::string sparkline(std::span<const Platform::Number> history, std::size_t width);
+// the lowest (at most 0) and the highest of them (at least `full`); zeros are a flat line.
+std::string sparkline(std::span<const Platform::Number> history, std::size_t width, double full = 0);
+
+// That of a reading; percentages stand between 0 and 100. Empty where it has no number now.
+std::string graphOf(const Fennick::IDataStore& readings, const std::string& key, std::size_t width);
 
 }  // namespace Pellora

@@ -1,16 +1,15 @@
 #include "examples/pellora/table/TableDelegate.h"
 
-#include <utility>
-
 namespace Pellora {
 
-TableDelegate::TableDelegate(std::unique_ptr<Monitor> monitor, std::size_t refreshes)
-    : monitor_(std::move(monitor)), refreshes_(refreshes)
+TableDelegate::TableDelegate(const Settings& settings, std::size_t refreshes)
+    : settings_(settings), refreshes_(refreshes)
 {
 }
 
 void TableDelegate::applicationDidFinishLaunching()
 {
+    monitor_ = std::make_unique<Monitor>(settings_);
     table_ = std::make_shared<LiveTable>(
         monitor_->readings(), [this] { return monitor_->keys(); }, TableOutput::standardOutput(), refreshes_,
         [] { Platform::Application::shared().terminate(); });

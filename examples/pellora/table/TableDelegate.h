@@ -13,13 +13,14 @@ namespace Pellora {
 // for never), ends. Thread: main.
 class TableDelegate final : public Platform::ApplicationDelegate {
 public:
-    TableDelegate(std::unique_ptr<Monitor> monitor, std::size_t refreshes);
+    TableDelegate(const Settings& settings, std::size_t refreshes);
 
     void applicationDidFinishLaunching() override;
 
 private:
-    const std::unique_ptr<Monitor> monitor_;
+    const Settings settings_;
     const std::size_t refreshes_;
+    std::unique_ptr<Monitor> monitor_;
     std::shared_ptr<LiveTable> table_;
 };
 

@@ -3,13 +3,25 @@
 #include <gtest/gtest.h>
 #include <sys/statvfs.h>
 
-#include "examples/pellora/providers/AllProviders.h"
+#include "examples/pellora/Subjects.h"
 #include "examples/pellora/providers/DiskProvider.h"
 #include "tests/examples/pellora/Machine.h"
 
 namespace {
 
 using Texts = std::vector<std::pair<std::string, std::string>>;
+
+std::vector<std::shared_ptr<Pellora::Provider>> providersOf(const std::string& disk)
+{
+    Pellora::Settings settings;
+    settings.disk = disk;
+    std::vector<std::shared_ptr<Pellora::Provider>> all;
+    for (const auto& subject : Pellora::allSubjects()) {
+        const auto provider = subject.provider(settings);
+        if (provider && !provider->keys().empty()) all.push_back(provider);
+    }
+    return all;
+}
 
 // The machine as Pellora finds it, what changes until the first update, and
 // what is read then, `elapsed` seconds later.
@@ -115,7 +127,7 @@ TEST_P(Readings, TellWhatTheMachineHas)
 {
     const Tests::Machine machine;
     machine.write(GetParam().before);
-    const auto providers = Pellora::machineProviders(machine.folder / "no such disk");
+    const auto providers = providersOf(machine.folder / "no such disk");
     machine.write(GetParam().after);
 
     Texts found;
@@ -131,7 +143,7 @@ TEST(CpuReadings, GainACoreThatIsSwitchedOnLater)
 {
     const Tests::Machine machine;
     machine.write({{"proc/stat", "cpu 0 0 0 0\ncpu0 0 0 0 0\n"}});
-    const auto cpu = Pellora::machineProviders("").front();
+    const auto cpu = providersOf("").front();
     machine.write({{"proc/stat", "cpu 5 0 0 5\ncpu0 5 0 0 5\ncpu2 0 0 0 0\n"}});
     cpu->update(1);
     EXPECT_EQ(cpu->stringFor("cpu.core.2"), "-") << "there is nothing to compare with yet";
@@ -146,7 +158,7 @@ TEST(CpuReadings, StandWhenTheCountersHaveNotMoved)
 {
     const Tests::Machine machine;
     machine.write({{"proc/stat", "cpu 0 0 0 0\n"}});
-    const auto cpu = Pellora::machineProviders("").front();
+    const auto cpu = providersOf("").front();
     machine.write({{"proc/stat", "cpu 1 0 0 1\n"}});
     cpu->update(1);
     cpu->update(0.001);
@@ -159,7 +171,7 @@ TEST(NetworkReadings, StandWhenTheClockStepsBack)
 {
     const Tests::Machine machine;
     machine.write({{"proc/net/dev", netDev("a0: 0 0 0 0 0 0 0 0 0 0\n")}});
-    const auto network = Pellora::machineProviders("").front();
+    const auto network = providersOf("").front();
     machine.write({{"proc/net/dev", netDev("a0: 300 0 0 0 0 0 0 0 0 0\n")}});
     network->update(1);
     network->update(-3600);

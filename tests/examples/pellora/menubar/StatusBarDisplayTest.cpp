@@ -4,6 +4,7 @@
 #include "examples/pellora/menubar/StatusBarDisplay.h"
 #include "platform/menubar/StatusBar.h"
 #include "platform/ui/Image.h"
+#include "tests/examples/pellora/FakeAutoStart.h"
 #include "tests/examples/pellora/Machine.h"
 #include "tests/fakes/VirtualClock.h"
 #include "tests/support/EnvironmentVariable.h"
@@ -26,16 +27,6 @@ TEST(GraphPoints, KeepWhatCanBeSeen)
     for (const auto& [history, expected] : cases) EXPECT_EQ(graphPoints(history, 20, 10), expected);
 }
 
-struct AutoStart final : Lorrel::IAutoStartController {
-    bool isEnabled() const override { return isOn; }
-    void handleMainAppLaunch() override {}
-    void setEnabled(bool enabled) override { isOn = enabled && !refuses; }
-    void enable() override { setEnabled(true); }
-    void disable() override { setEnabled(false); }
-    bool isOn = false;
-    bool refuses = false;
-};
-
 // Without a session bus, as on a machine without a desktop.
 struct StatusBarDisplayTest : testing::Test {
     StatusBarDisplayTest()
@@ -44,7 +35,7 @@ struct StatusBarDisplayTest : testing::Test {
         Settings settings;
         settings.disk = "/no such disk";
         settings.hotkey.clear();
-        monitor = monitorFor(settings);
+        monitor = std::make_unique<Monitor>(settings);
         display = std::make_shared<StatusBarDisplay>(*monitor, autoStart, settings);
         monitor->addListener(display);
     }
@@ -81,19 +72,19 @@ struct StatusBarDisplayTest : testing::Test {
     Platform::Shared<Platform::StatusBar>::Override freshBar;
     Tests::Machine machine;
     Tests::ReplacedClock clock;
-    AutoStart autoStart;
+    Tests::FakeAutoStart autoStart;
     std::unique_ptr<Monitor> monitor;
     std::shared_ptr<StatusBarDisplay> display;
 };
 
 TEST_F(StatusBarDisplayTest, ReadingsStandInTheMenuAndChangeWhileItIsOpen)
 {
-    const std::string still = "  ▁▁▁▁▁▁▁▁▁▁▁";
+    const std::string still = "▁▁▁▁▁▁▁▁▁▁▁";
     refresh("cpu 1 0 0 1\n");
-    const std::vector<std::string> first{"Processor: 50 %" + still + "█",
-                                         "Load, 1 min: 1.00" + still + "█",
-                                         "Load, 5 min: 2.00" + still + "█",
-                                         "Load, 15 min: 3.00" + still + "█",
+    const std::vector<std::string> first{still + "▅  Processor: 50 %",
+                                         still + "█  Load, 1 min: 1.00",
+                                         still + "█  Load, 5 min: 2.00",
+                                         still + "█  Load, 15 min: 3.00",
                                          "---",
                                          "Start at Login",
                                          "Quit"};
@@ -103,13 +94,13 @@ TEST_F(StatusBarDisplayTest, ReadingsStandInTheMenuAndChangeWhileItIsOpen)
     EXPECT_EQ(lines(), first) << "a closed menu costs nothing";
     menu().needsUpdate();
     menu().opened();
-    EXPECT_EQ(lines()[0].substr(0, 16), "Processor: 100 %");
+    EXPECT_EQ(lines()[0].substr(38), "Processor: 100 %");
     EXPECT_EQ(lines()[1], "Core 0: -") << "in its place, though it came later";
     refresh("cpu 2 0 0 2\ncpu0 1 0 0 2\n");
-    EXPECT_EQ(lines()[0].substr(0, 14), "Processor: 0 %");
+    EXPECT_EQ(lines()[0].substr(38), "Processor: 0 %");
     menu().closed();
     refresh("cpu 3 0 0 3\n");
-    EXPECT_EQ(lines()[0].substr(0, 14), "Processor: 0 %");
+    EXPECT_EQ(lines()[0].substr(38), "Processor: 0 %");
 }
 
 TEST_F(StatusBarDisplayTest, TheTickTellsWhatBecameOfStartingAtLogin)
