@@ -26,7 +26,10 @@ Monitor::~Monitor()
 void Monitor::take(const Settings& settings)
 {
     const Settings former = std::exchange(settings_, settings);
-    if (settings.interval != former.interval) container_->setInterval(settings.interval);
+    if (settings.interval != former.interval) {
+        container_->refresh();  // what moved until now belongs to the time until now
+        container_->setInterval(settings.interval);
+    }
     for (std::size_t at = 0; at < providers_.size(); ++at) {
         const Subject& subject = allSubjects()[at];
         if (!subject.isSame(former, settings)) replace(providers_[at], subject.provider(settings));

@@ -83,7 +83,7 @@ const char* const usage =
     "  --watch LIST          applications to watch, by bundle identifier\n"
     "  --log FILE            to follow\n"
     "  --ping ADDRESS        of a web server\n"
-    "  --hotkey KEYS         shows the main readings: 'control+option+p'\n"
+    "  --hotkey KEYS         opens the menu: 'control+option+p'\n"
     "Options:\n"
     "  --directly            the session starts Pellora itself\n"
     "  --through-launcher    its launcher starts it\n"

@@ -33,7 +33,7 @@ try {
         if (got == 0) break;
         filled += static_cast<std::size_t>(got);
         if (claimed == 0 && filled > limit) return tooLarge(path);
-        if (claimed == 0 && filled == bytes.size()) bytes.resize(4 * filled);
+        if (claimed == 0 && filled == bytes.size()) bytes.resize(filled < limit / 4 ? 4 * filled : limit + 1);
     }
     bytes.resize(filled);
     return bytes;

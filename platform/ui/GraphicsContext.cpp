@@ -55,7 +55,7 @@ struct GraphicsContext::State {
     State(Bitmap target, Size pointSize) : bitmap(std::move(target)), size(pointSize), image(writableView(bitmap))
     {
         begin();
-        painter.scale(image.width() / size.width, image.height() / size.height);
+        if (!image.isNull()) painter.scale(image.width() / size.width, image.height() / size.height);
     }
 
     void begin();

@@ -52,9 +52,15 @@ std::uint32_t toned(std::uint32_t pixel, const Curve& curve)
     return (pixel & 0xff000000u) | grey << 16 | grey << 8 | grey;
 }
 
-// Simple enough to be vectorised; also built for wider registers, of which the loader picks what the processor has.
-__attribute__((target_clones("avx2", "default"))) void tone(const std::uint32_t* in, std::size_t count,
-                                                            const Curve& curve, std::uint32_t* out)
+// Where a processor may have wider registers, the function is built for these too, and the loader picks.
+#if defined(__x86_64__)
+#define PELLORA_WIDE __attribute__((target_clones("avx2", "default")))
+#else
+#define PELLORA_WIDE
+#endif
+
+// Simple enough to be vectorised.
+PELLORA_WIDE void tone(const std::uint32_t* in, std::size_t count, const Curve& curve, std::uint32_t* out)
 {
     const Curve own = curve;
     for (std::size_t i = 0; i < count; ++i) out[i] = toned(in[i], own);

@@ -47,7 +47,7 @@ public:
     Panel()
     {
         settings_.write("xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml", panelSettings);
-        store_.emplace(std::vector<std::string>{"/usr/lib/x86_64-linux-gnu/xfce4/xfconf/xfconfd"}, options());
+        store_.emplace(std::vector<std::string>{"/usr/lib/" LIBRARY_ARCHITECTURE "/xfce4/xfconf/xfconfd"}, options());
         panel_.emplace(std::vector<std::string>{"xfce4-panel", "--disable-wm-check"}, options());
     }
 

@@ -60,16 +60,16 @@ TEST(PopUpMenu, OpensAtThePointerIsSteeredByKeysAndTellsItsDelegate)
         std::string heard;
     } uses[] = {{{"xdotool", "key", "Down", "Down", "Return"}, "open closed chosen "},
                 {{"xdotool", "key", "Escape"}, "open closed "}};
-    for (const auto& [keys, heard] : uses) {
+    for (const auto& use : uses) {
         witness->heard.clear();
         ASSERT_EQ(runOnDisplay({"xdotool", "mousemove", "100", "100"}), 0);
         ASSERT_TRUE(popUp(menu));
         ASSERT_TRUE(eventually([&] { return witness->heard == "open "; }));
         ASSERT_TRUE(eventually(isOnScreen));
         EXPECT_GE(QApplication::activePopupWidget()->height(), 60) << "a view keeps its size";
-        ASSERT_EQ(runOnDisplay(keys), 0);
-        EXPECT_TRUE(eventually([&] { return witness->heard.size() >= heard.size(); })) << witness->heard;
-        EXPECT_EQ(witness->heard, heard);
+        ASSERT_EQ(runOnDisplay(use.keys), 0);
+        EXPECT_TRUE(eventually([&] { return witness->heard.size() >= use.heard.size(); })) << witness->heard;
+        EXPECT_EQ(witness->heard, use.heard);
     }
 }
 
