@@ -36,7 +36,7 @@ double millisecondsSince(Clock::time_point start)
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
 }
 
-// The assembled application, with a stub for its program.
+// The assembled application, with a program that only tells when it began.
 class Stage {
 public:
     Stage()
@@ -48,7 +48,7 @@ public:
         fs::create_directories(fs::path(app + launcherInApp).parent_path());
         fs::copy(std::string(PELLORA_APP) + launcherInApp, app + launcherInApp, fs::copy_options::recursive);
         fs::copy(std::string(PELLORA_APP) + "/Contents/Info.plist", app + "/Contents/Info.plist");
-        fs::copy_file(STUB_APPLICATION, app + contents + "/Pellora");
+        fs::copy_file(OPENED_APPLICATION, app + contents + "/Pellora");
         const std::string pipe = app + contents + "/pipe";
         ::mkfifo(pipe.c_str(), 0600);
         pipe_ = ::open(pipe.c_str(), O_RDWR | O_CLOEXEC);
@@ -65,18 +65,18 @@ public:
     }
 
     const std::string& launcher() const { return launcher_; }
-    // When the stub began to run. Returns after its end, so that the next launcher does not find it running.
+    // When the application began to run. Returns after its end, so that the next launcher does not find it running.
     Clock::time_point waitUntilOpened() const
     {
-        pid_t stub = 0;
+        pid_t application = 0;
         pollfd opening{pipe_, POLLIN, 0};
         if (::poll(&opening, 1, 10'000) <= 0) {
             std::fputs("launcher_bench: the launcher opened nothing; does a Pellora of this user run?\n", stderr);
             std::exit(1);
         }
-        if (::read(pipe_, &stub, sizeof stub) != sizeof stub) std::abort();
+        if (::read(pipe_, &application, sizeof application) != sizeof application) std::abort();
         const auto opened = Clock::now();
-        pollfd end{static_cast<int>(::syscall(SYS_pidfd_open, stub, 0)), POLLIN, 0};
+        pollfd end{static_cast<int>(::syscall(SYS_pidfd_open, application, 0)), POLLIN, 0};
         if (end.fd < 0) return opened;  // it has ended
         ::poll(&end, 1, 10'000);
         ::close(end.fd);

@@ -3,14 +3,11 @@
 #include <malloc.h>
 
 #include "examples/pellora/MainAppDelegate.h"
-#include "platform/menubar/StatusBar.h"
 #include "platform/runtime/RunLoop.h"
 #include "tests/examples/pellora/FakeAutoStart.h"
-#include "tests/examples/pellora/Machine.h"
+#include "tests/examples/pellora/menubar/BarWithoutDesktop.h"
 #include "tests/fakes/FakeUserNotificationCenter.h"
 #include "tests/fakes/FakeWorkspace.h"
-#include "tests/fakes/VirtualClock.h"
-#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/Torture.h"
 
 namespace Pellora {
@@ -35,7 +32,7 @@ Uses uses()
     return {mallinfo2().uordblks, descriptors};
 }
 
-struct Soak : testing::Test {
+struct Soak : testing::Test, Tests::BarWithoutDesktop {
     Soak()
     {
         machine.write({{"proc/meminfo", "MemTotal: 4096 kB\nMemAvailable: 1024 kB\n"},
@@ -94,11 +91,6 @@ struct Soak : testing::Test {
         passTicks(ticksAnHour - ticksOpen - 2 * ticksAChange);
     }
 
-    Tests::EnvironmentVariable noBus{"DBUS_SESSION_BUS_ADDRESS", std::nullopt};
-    Tests::EnvironmentVariable noRuntime{"XDG_RUNTIME_DIR", std::nullopt};
-    Platform::Shared<Platform::StatusBar>::Override freshBar;
-    Tests::Machine machine;
-    Tests::ReplacedClock clock;
     Tests::ReplacedWorkspace workspace;
     Tests::ReplacedUserNotificationCenter desktop;
     Settings settings;

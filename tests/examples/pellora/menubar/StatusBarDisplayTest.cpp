@@ -2,12 +2,9 @@
 
 #include "examples/pellora/menubar/GraphPoints.h"
 #include "examples/pellora/menubar/StatusBarDisplay.h"
-#include "platform/menubar/StatusBar.h"
 #include "platform/ui/Image.h"
 #include "tests/examples/pellora/FakeAutoStart.h"
-#include "tests/examples/pellora/Machine.h"
-#include "tests/fakes/VirtualClock.h"
-#include "tests/support/EnvironmentVariable.h"
+#include "tests/examples/pellora/menubar/BarWithoutDesktop.h"
 
 namespace Pellora {
 namespace {
@@ -28,7 +25,7 @@ TEST(GraphPoints, KeepWhatCanBeSeen)
 }
 
 // Without a session bus, as on a machine without a desktop.
-struct StatusBarDisplayTest : testing::Test {
+struct StatusBarDisplayTest : testing::Test, Tests::BarWithoutDesktop {
     StatusBarDisplayTest()
     {
         machine.write({{"proc/stat", "cpu 0 0 0 0\n"}, {"proc/loadavg", "1 2 3 1/1 1\n"}});
@@ -67,11 +64,6 @@ struct StatusBarDisplayTest : testing::Test {
         return found;
     }
 
-    Tests::EnvironmentVariable noBus{"DBUS_SESSION_BUS_ADDRESS", std::nullopt};
-    Tests::EnvironmentVariable noRuntime{"XDG_RUNTIME_DIR", std::nullopt};
-    Platform::Shared<Platform::StatusBar>::Override freshBar;
-    Tests::Machine machine;
-    Tests::ReplacedClock clock;
     Tests::FakeAutoStart autoStart;
     std::unique_ptr<Monitor> monitor;
     std::shared_ptr<StatusBarDisplay> display;

@@ -1,4 +1,4 @@
-// Stands for the main application: tells the pipe beside it its process id, and ends.
+// The application that the launcher opens here: tells the pipe beside it its process id, and ends.
 
 #include <cstring>
 
