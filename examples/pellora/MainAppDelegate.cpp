@@ -21,17 +21,12 @@ void MainAppDelegate::applicationDidFinishLaunching()
     Platform::log(autoStart_->isEnabled() ? "Pellora runs; it starts at login"
                                           : "Pellora runs; it does not start at login");
     monitor_ = std::make_unique<Monitor>(settings_);
-    watchLimits();
+    warnings_ = std::make_shared<LimitWarnings>(monitor_->readings(), settings_.limits);
+    monitor_->addListener(warnings_);
     display_ = statusDisplayFor(*monitor_, *autoStart_, settings_);
     monitor_->addListener(display_);
     settingsWatch_.emplace(*keptSettings(), [this] { settingsMayHaveChanged(); });
     settingsMayHaveChanged();  // saved while we were starting
-}
-
-void MainAppDelegate::watchLimits()
-{
-    warnings_ = std::make_shared<LimitWarnings>(monitor_->readings(), settings_.limits);
-    monitor_->addListener(warnings_);
 }
 
 void MainAppDelegate::settingsMayHaveChanged()
@@ -40,7 +35,7 @@ void MainAppDelegate::settingsMayHaveChanged()
     if (present == settings_) return;
     const Settings former = std::exchange(settings_, std::move(present));
     monitor_->take(settings_);
-    if (settings_.limits != former.limits) watchLimits();  // the former are held by us alone
+    if (settings_.limits != former.limits) warnings_->take(settings_.limits);
     if (display_) display_->take(settings_);
     Platform::log("Pellora goes on with other settings");
 }

@@ -26,7 +26,6 @@ public:
 
 private:
     void settingsMayHaveChanged();
-    void watchLimits();
 
     const std::unique_ptr<Lorrel::IAutoStartController> autoStart_;
     const PresentSettings presentSettings_;

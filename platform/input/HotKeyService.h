@@ -12,7 +12,7 @@ using HotKeyStatus = std::int32_t;
 
 namespace HotKeyStatuses {
 inline constexpr HotKeyStatus noError = 0;
-inline constexpr HotKeyStatus unsupported = -4;               // the keyboard's server is gone
+inline constexpr HotKeyStatus unsupported = -4;               // the keyboard's server is gone or does not answer
 inline constexpr HotKeyStatus eventNotHandled = -9874;        // the handler leaves the event to others
 inline constexpr HotKeyStatus eventParameterMissing = -9870;  // the event carries no identifier
 inline constexpr HotKeyStatus hotKeyExists =

@@ -11,8 +11,7 @@ bool popUp(const MenuRef& menu)
 {
     if (!menu || !DialogAudience::shared().isPresent()) return false;
     if (!qobject_cast<QApplication*>(QCoreApplication::instance())) return false;
-    MenuWindow::open(menu);
-    return true;
+    return MenuWindow::open(menu);
 }
 
 }  // namespace Platform

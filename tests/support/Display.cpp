@@ -1,6 +1,5 @@
 #include "tests/support/Display.h"
 
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>

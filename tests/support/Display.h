@@ -1,5 +1,7 @@
 #pragma once
 
+#include <csignal>
+
 #include "tests/support/ChildProcess.h"
 #include "tests/support/EnvironmentVariable.h"
 
@@ -14,6 +16,10 @@ public:
 
     // ":7"
     const std::string& name() const { return name_; }
+
+    // The server accepts, and does not answer.
+    void freeze() { server_.signal(SIGSTOP); }
+    void thaw() { server_.signal(SIGCONT); }
 
 private:
     ChildProcess server_;

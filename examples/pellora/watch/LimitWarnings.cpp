@@ -1,5 +1,6 @@
 #include "examples/pellora/watch/LimitWarnings.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "Fennick/notifications/Notifications.h"
@@ -10,6 +11,15 @@ namespace Pellora {
 LimitWarnings::LimitWarnings(std::shared_ptr<Fennick::IDataStore> readings, const std::vector<Limit>& limits)
     : readings_(std::move(readings)), watches_(limits.begin(), limits.end())
 {
+}
+
+void LimitWarnings::take(const std::vector<Limit>& limits)
+{
+    const auto former = std::exchange(watches_, {});
+    for (const Limit& limit : limits) {
+        const auto same = std::ranges::find(former, limit, &LimitWatch::limit);
+        watches_.push_back(same == former.end() ? LimitWatch(limit) : *same);
+    }
 }
 
 void LimitWarnings::didRefresh(double /*elapsed*/)

@@ -14,6 +14,9 @@ class LimitWarnings final : public Fennick::DataProviderContainerDelegate {
 public:
     LimitWarnings(std::shared_ptr<Fennick::IDataStore> readings, const std::vector<Limit>& limits);
 
+    // From now on these limits. One that was there before goes on, so what it has warned of it does not warn of again.
+    void take(const std::vector<Limit>& limits);
+
     void didRefresh(double elapsed) override;
 
 private:

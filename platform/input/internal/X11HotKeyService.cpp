@@ -14,15 +14,16 @@ std::unique_ptr<X11HotKeyService> X11HotKeyService::open()
 }
 
 X11HotKeyService::X11HotKeyService(std::shared_ptr<XConnection> connection)
-    : connection_(std::move(connection)), map_(XKeyMap::read(connection_->get())), grabs_(connection_)
+    : connection_(std::move(connection)), map_(XKeyMap::read(*connection_)), grabs_(connection_)
 {
-    events_ = connection_->serve([this](const xcb_generic_event_t& event) { handle(event); }, [this] { lost(); });
+    events_ = connection_->serve(
+        {[this](const xcb_generic_event_t& event) { handle(event); }, [this] { renewSoon(); }, [this] { lost(); }});
 }
 
 HotKeyRegistration X11HotKeyService::registerKey(std::uint32_t keyCode, std::uint32_t modifiers, HotKeyId id)
 {
     const KeyCombination combination{keyCode, modifiers & HotKeyMask::all};
-    if (connection_->isLost()) return {HotKeyStatuses::unsupported, std::nullopt};
+    if (!connection_->isAnswered()) return {HotKeyStatuses::unsupported, std::nullopt};
     const auto key = map_.key(combination);
     if (!key) return {HotKeyStatuses::hotKeyInvalid, std::nullopt};
     const auto holder = combinations_.find(*key);
@@ -31,7 +32,7 @@ HotKeyRegistration X11HotKeyService::registerKey(std::uint32_t keyCode, std::uin
     }
     const bool isGranted = grabs_.add(map_.withLocks(*key));
     connection_->deliverSoon();
-    if (connection_->isLost()) return {HotKeyStatuses::unsupported, std::nullopt};
+    if (!isGranted && !connection_->isAnswered()) return {HotKeyStatuses::unsupported, std::nullopt};
     if (!isGranted) return {HotKeyStatuses::hotKeyExists, std::nullopt};
     combinations_[*key] = combination;
     return {HotKeyStatuses::noError, table_->add(combination, id)};
@@ -98,7 +99,7 @@ void X11HotKeyService::renewSoon()
 // The new grabs first, so that no press between them is lost.
 void X11HotKeyService::renew()
 {
-    map_ = XKeyMap::read(connection_->get());
+    map_ = XKeyMap::read(*connection_);
     combinations_.clear();
     claim();
     dropUnused();

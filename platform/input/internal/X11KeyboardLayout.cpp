@@ -49,6 +49,10 @@ struct X11KeyboardLayout::State {
 std::optional<xkb_layout_index_t> X11KeyboardLayout::State::activeLayout() const
 {
     const auto cookie = xcb_xkb_get_state(connection->get(), XCB_XKB_ID_USE_CORE_KBD);
+    if (!connection->isAnswered()) {
+        xcb_discard_reply(connection->get(), cookie.sequence);
+        return std::nullopt;
+    }
     const XcbReply<xcb_xkb_get_state_reply_t> reply(xcb_xkb_get_state_reply(connection->get(), cookie, nullptr));
     if (!reply) return std::nullopt;
     return reply->group;
@@ -69,8 +73,9 @@ void X11KeyboardLayout::State::refresh()
 std::optional<xkb_layout_index_t> X11KeyboardLayout::State::asciiLayout()
 {
     const auto active = activeLayout();
+    if (!active) return std::nullopt;
     refresh();
-    if (!active || !keymap) return std::nullopt;
+    if (!keymap) return std::nullopt;
     if (writesAsciiLetters(keymap.get(), *active)) return active;
     for (xkb_layout_index_t layout = 0; layout < xkb_keymap_num_layouts(keymap.get()); ++layout) {
         if (writesAsciiLetters(keymap.get(), layout)) return layout;

@@ -1,6 +1,12 @@
 #include "platform/input/internal/XConnection.h"
 
+#include <chrono>
+#include <future>
+#include <thread>
+
+#include <poll.h>
 #include <sys/epoll.h>
+#include <xcb/xcbext.h>
 
 #include "platform/input/internal/Xkb.h"
 #include "platform/runtime/RunLoop.h"
@@ -38,9 +44,28 @@ xcb_window_t rootOf(xcb_connection_t* connection, int screen)
     return screens.data->root;
 }
 
+constexpr std::chrono::seconds patience(2);
+
+// False when nothing came until the deadline.
+bool awaitInput(int descriptor, std::chrono::steady_clock::time_point deadline)
+{
+    pollfd waiting{descriptor, POLLIN, 0};
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+    return left.count() > 0 && ::poll(&waiting, 1, static_cast<int>(left.count())) != 0;
+}
+
 }  // namespace
 
+// The library's connecting has no deadline, so it happens on a thread, which is left behind with a server that hangs.
 std::shared_ptr<XConnection> XConnection::open()
+{
+    std::promise<std::shared_ptr<XConnection>> promise;
+    auto opened = promise.get_future();
+    std::thread([promise = std::move(promise)]() mutable { promise.set_value(connect()); }).detach();
+    return opened.wait_for(patience) == std::future_status::ready ? opened.get() : nullptr;
+}
+
+std::shared_ptr<XConnection> XConnection::connect()
 {
     int screen = 0;
     const std::shared_ptr<XConnection> connection(new XConnection(xcb_connect(nullptr, &screen)));
@@ -67,16 +92,40 @@ bool XConnection::isMapChange(const xcb_generic_event_t& event) const
     return type == keyboardEvent_ && (event.pad0 == XCB_XKB_NEW_KEYBOARD_NOTIFY || event.pad0 == XCB_XKB_MAP_NOTIFY);
 }
 
-Subscription XConnection::serve(EventHandler onEvent, std::function<void()> onLost)
+// The server answers in order, so the answer to one more question stands behind all others.
+bool XConnection::isAnswered()
 {
-    onEvent_ = std::move(onEvent);
-    onLost_ = std::move(onLost);
+    const bool isNew = !lastQuestion_;
+    if (isNew) {
+        lastQuestion_ = xcb_get_input_focus(get()).sequence;
+        xcb_flush(get());
+    }
+    const auto deadline = std::chrono::steady_clock::now() + (isNew ? patience : std::chrono::seconds(0));
+    while (!hasReplyToLastQuestion()) {
+        if (!awaitInput(xcb_get_file_descriptor(get()), deadline)) return false;
+    }
+    return isNew ? !isLost() : isAnswered();
+}
+
+bool XConnection::hasReplyToLastQuestion()
+{
+    void* reply = nullptr;
+    xcb_generic_error_t* error = nullptr;
+    if (!xcb_poll_for_reply(get(), *lastQuestion_, &reply, &error) && !isLost()) return false;
+    const XcbReply<void> ownedReply(reply);
+    const XcbReply<xcb_generic_error_t> ownedError(error);
+    lastQuestion_.reset();
+    return true;
+}
+
+Subscription XConnection::serve(Listener listener)
+{
+    listener_ = std::move(listener);
     watch_ = RunLoop::main().watch(xcb_get_file_descriptor(get()), EPOLLIN, [this](std::uint32_t) { process(); });
     return Subscription([this, self = weak_from_this()] {
         if (self.expired()) return;
         watch_.cancel();
-        onEvent_ = nullptr;
-        onLost_ = nullptr;
+        listener_ = {};
     });
 }
 
@@ -90,15 +139,18 @@ void XConnection::deliverSoon()
 void XConnection::process()
 {
     const auto self = shared_from_this();  // a handler may end it
-    while (onEvent_) {
+    while (listener_.onEvent) {
         const auto event = takeEvent();
         if (!event) break;
-        const EventHandler handler = onEvent_;
+        const EventHandler handler = listener_.onEvent;
         handler(*event);
     }
-    if (!isLost()) return;
-    watch_.cancel();
-    if (const auto lost = std::exchange(onLost_, nullptr)) lost();
+    if (isLost()) {
+        watch_.cancel();
+        if (const auto lost = std::exchange(listener_.onLost, nullptr)) lost();
+    } else if (lastQuestion_ && hasReplyToLastQuestion()) {
+        if (const auto answering = listener_.onAnswering) answering();
+    }
 }
 
 }  // namespace Platform

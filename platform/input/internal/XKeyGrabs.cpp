@@ -10,12 +10,18 @@ bool XKeyGrabs::add(const std::vector<XKey>& keys)
         asked.emplace_back(key, xcb_grab_key_checked(connection_->get(), false, connection_->root(), key.modifiers,
                                                      key.code, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
     }
+    const bool isAnswered = connection_->isAnswered();
     std::vector<XKey> granted;
     for (const auto& [key, cookie] : asked) {
+        if (!isAnswered) {
+            xcb_discard_reply(connection_->get(), cookie.sequence);
+            granted.push_back(key);  // perhaps, later
+            continue;
+        }
         const XcbReply<xcb_generic_error_t> refusal(xcb_request_check(connection_->get(), cookie));
         if (!refusal) granted.push_back(key);
     }
-    const bool isComplete = granted.size() == asked.size() && !connection_->isLost();
+    const bool isComplete = isAnswered && granted.size() == asked.size();
     for (const XKey& key : granted) {
         if (isComplete) {
             held_.insert(key);
@@ -23,7 +29,8 @@ bool XKeyGrabs::add(const std::vector<XKey>& keys)
             release(key);
         }
     }
-    if (!isComplete) settle();
+    // Another program may take at once what was released.
+    if (!isComplete) connection_->isAnswered();
     return isComplete;
 }
 
@@ -37,19 +44,12 @@ void XKeyGrabs::keepOnly(const std::set<XKey>& keys)
             key = held_.erase(key);
         }
     }
-    settle();
+    connection_->isAnswered();
 }
 
 void XKeyGrabs::release(const XKey& key)
 {
     xcb_ungrab_key(connection_->get(), key.code, connection_->root(), key.modifiers);
-}
-
-// The server answers in order: after this reply another program may take what was released.
-void XKeyGrabs::settle()
-{
-    const auto cookie = xcb_get_input_focus(connection_->get());
-    const XcbReply<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(connection_->get(), cookie, nullptr));
 }
 
 }  // namespace Platform

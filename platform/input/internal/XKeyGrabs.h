@@ -22,7 +22,6 @@ public:
 
 private:
     void release(const XKey& key);
-    void settle();
 
     std::shared_ptr<XConnection> connection_;
     std::set<XKey> held_;

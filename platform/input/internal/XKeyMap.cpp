@@ -76,15 +76,22 @@ private:
 
 }  // namespace
 
-XKeyMap XKeyMap::read(xcb_connection_t* connection)
+XKeyMap XKeyMap::read(XConnection& display)
 {
+    xcb_connection_t* connection = display.get();
     const xcb_setup_t* setup = xcb_get_setup(connection);
-    if (!setup) return {};
+    if (!setup || !display.isAnswered()) return {};
     const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
     // All three are asked before the first answer is awaited.
     const auto namesCookie = xcb_xkb_get_names(connection, XCB_XKB_ID_USE_CORE_KBD, XCB_XKB_NAME_DETAIL_KEY_NAMES);
     const auto modifiersCookie = xcb_get_modifier_mapping(connection);
     const auto symbolsCookie = xcb_get_keyboard_mapping(connection, setup->min_keycode, count);
+    if (!display.isAnswered()) {
+        for (const unsigned sequence : {namesCookie.sequence, modifiersCookie.sequence, symbolsCookie.sequence}) {
+            xcb_discard_reply(connection, sequence);
+        }
+        return {};
+    }
     const XcbReply<xcb_xkb_get_names_reply_t> names(xcb_xkb_get_names_reply(connection, namesCookie, nullptr));
     const XcbReply<xcb_get_modifier_mapping_reply_t> modifiers(
         xcb_get_modifier_mapping_reply(connection, modifiersCookie, nullptr));

@@ -46,13 +46,18 @@ QAction* newViewLine(QWidget* window)
 
 }  // namespace
 
-void MenuWindow::open(const MenuRef& menu)
+bool MenuWindow::open(const MenuRef& menu)
 {
     static QPointer<MenuWindow> present;
     if (present) present->close();
     menu->needsUpdate();
     present = new MenuWindow(menu);
+    if (present->isEmpty()) {
+        delete present;
+        return false;
+    }
     present->popup(QCursor::pos());
+    return true;
 }
 
 MenuWindow::MenuWindow(MenuRef menu, QWidget* parent) : QMenu(parent), menu_(std::move(menu))

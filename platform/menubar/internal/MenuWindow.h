@@ -13,8 +13,8 @@ namespace Platform {
 // A window for itself ends by itself once it is closed. Thread: main.
 class MenuWindow final : public QMenu {
 public:
-    // At the pointer; the one that is open makes way.
-    static void open(const MenuRef& menu);
+    // At the pointer; the one that is open makes way. False, and nothing opens, when nothing in it shows.
+    static bool open(const MenuRef& menu);
 
 private:
     // What a line stands for: an item, what hangs below it, and whether it shows a view.

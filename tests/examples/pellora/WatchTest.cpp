@@ -54,7 +54,8 @@ TEST(LimitWarnings, NameTheReadingAndItsValue)
     const auto load = std::make_shared<Fennick::NumberIdentifier>("load", "Load", 1);
     store->add(load);
     LimitWarnings warnings(store, {*limitFrom("load>2"), *limitFrom("load<9"), *limitFrom("missing>0")});
-    for (int refresh = 0; refresh < 5; ++refresh) {
+    for (int refresh = 0; refresh < 8; ++refresh) {
+        if (refresh == 4) warnings.take({*limitFrom("load>3"), *limitFrom("load>2")});  // one was there before
         load->set(2.5);
         warnings.didRefresh(1);
     }

@@ -183,6 +183,25 @@ TEST_F(X11HotKey, StopsWithTheServerWhileTheProgramLives)
     EXPECT_EQ(X11HotKeyService::open(), nullptr);
 }
 
+TEST_F(X11HotKey, WaitsOnceForAServerThatHangsAndGoesOnWithIt)
+{
+    const auto before = service->registerKey(0, command, {1, 1});
+    ASSERT_TRUE(before.handle);
+    display->freeze();
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(service->registerKey(11, command, {1, 2}).status, HotKeyStatuses::unsupported);
+    for (int call = 0; call < 50; ++call) service->registerKey(11, command, {1, 2});
+    EXPECT_EQ(service->unregisterKey(*before.handle), HotKeyStatuses::noError);
+    EXPECT_EQ(X11HotKeyService::open(), nullptr);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+
+    display->thaw();
+    EXPECT_TRUE(eventually([&] { return service->registerKey(11, command, {1, 3}).handle.has_value(); }));
+    EXPECT_TRUE(OtherClient().grab(positionOfA, XCB_MOD_MASK_4)) << "let go while the server hung";
+    EXPECT_TRUE(typeOnce({"Super_L", "56"}));
+    EXPECT_EQ(lastId, 3U);
+}
+
 TEST_F(X11HotKey, MayBeEndedByItsOwnHandler)
 {
     ASSERT_TRUE(service->registerKey(0, 0, {1, 1}).handle);

@@ -54,7 +54,7 @@ TEST(PopUpMenu, OpensAtThePointerIsSteeredByKeysAndTellsItsDelegate)
     for (const char* title : {"One", "hidden by its view"}) menu->addItem(MenuItem::create(title, &Witness::choose));
     menu->items().back()->setTarget(witness);
     menu->items().back()->setView(std::make_shared<View>(Rect::of(0, 0, 120, 40)));
-    EXPECT_FALSE(popUp(nullptr));
+    for (const MenuRef& nothing : {MenuRef(), Menu::create()}) EXPECT_FALSE(popUp(nothing));
     const struct {
         std::vector<std::string> keys;
         std::string heard;
