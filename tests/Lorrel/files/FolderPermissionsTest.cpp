@@ -14,6 +14,7 @@ namespace Lorrel {
 namespace {
 
 using Keys = std::vector<std::string>;
+using Platform::OpenPanelAnswer;
 using Platform::Url;
 using Platform::UserDefaults;
 
@@ -41,48 +42,27 @@ TEST_F(FolderPermissionsTest, SavedFolderIsInUseNowAndAtTheNextLaunchARefusedOne
     const Url refused = folder("refused");
     bookmarks->refused = {refused};
     const auto first = FolderPermissions::create(defaults);
-    first->save(refused);
-    first->save(Url::fromPath(home / "missing", true));
-    EXPECT_EQ(first->count(), 0u);
+    for (const Url& url : {refused, Url::fromPath(home / "missing", true)}) first->save(url);
     EXPECT_TRUE(defaults->keys().empty());
-    EXPECT_EQ(first->creationOptions(), 0x800u);
-    EXPECT_EQ(first->resolutionOptions(), 0x400u);
-    first->save(a);
-    first->save(b);
-    for (const auto& permissions :
-         {first, FolderPermissions::create(UserDefaults::suite("org.example.folders"), 1, 2)}) {
-        EXPECT_EQ(permissions->count(), 2u);
+    for (const Url& url : {a, b}) first->save(url);
+    for (const auto& permissions : {first, FolderPermissions::create(UserDefaults::suite("org.example.folders"))}) {
         EXPECT_EQ(permissions->keys(), (Keys{a.path(), b.path()}));
         EXPECT_TRUE(permissions->hasAccess({a, b}));
-        EXPECT_FALSE(permissions->hasAccess({a, folder("c")}));
+        EXPECT_FALSE(permissions->hasAccess({a, refused}));
     }
-    EXPECT_EQ(storedKeys(), (Keys{a.path(), b.path()}));
-    EXPECT_TRUE(defaults->data(a.path()).has_value());
-
     const Url unnameable = folder("raw \xff");
-    first->save(unnameable);
-    first->save(a);
+    for (const Url& url : {unnameable, a}) first->save(url);
     EXPECT_TRUE(first->hasAccess(unnameable));
     EXPECT_EQ(storedKeys(), (Keys{a.path(), b.path(), a.path()})) << "the others are kept all the same";
-}
 
-TEST_F(FolderPermissionsTest, RemovalTakesEveryOccurrenceAndTheStoredBookmark)
-{
-    const Url a = folder("a");
-    const Url b = folder("b");
-    const auto permissions = FolderPermissions::create(defaults);
-    for (const Url& url : {a, b, a}) permissions->save(url);
-    EXPECT_EQ(storedKeys(), (Keys{a.path(), b.path(), a.path()}));
-    permissions->remove(permissions->keys().front());
-    EXPECT_EQ(storedKeys(), Keys{b.path()});
-    EXPECT_FALSE(permissions->hasAccess(a));
+    first->remove(first->keys().front());
+    EXPECT_EQ(storedKeys(), Keys{b.path()}) << "every occurrence has gone";
+    EXPECT_FALSE(first->hasAccess(a));
     EXPECT_EQ(defaults->value(a.path()), std::nullopt);
-    permissions->remove(*permissions->storedUrls().begin());
+    first->remove(*first->storedUrls().find(b));
     EXPECT_EQ(storedKeys(), Keys{});
-    permissions->save(a);
-    permissions->save(b);
-    permissions->removeAll();
-    EXPECT_EQ(permissions->count(), 0u);
+    first->save(a);
+    first->removeAll();
     EXPECT_EQ(defaults->keys(), Keys{"Bookmarks"});
 }
 
@@ -117,23 +97,18 @@ TEST_F(FolderPermissionsTest, PanelSavesTheChosenFolder)
     bookmarks->refused = {refused};
     std::vector<std::optional<Url>> answers;
     const auto answer = [&](const std::optional<Url>& url) { answers.push_back(url); };
-
-    permissions->requestAccess(nullptr, good, answer);
-    panel->choose(good);
-    permissions->requestAccess(nullptr, refused, answer);
-    panel->choose(refused);
-    permissions->requestAccess(nullptr, answer);
-    panel->end({0, std::nullopt, std::nullopt});
-    permissions->requestAccess(nullptr, answer);
-    panel->end({Platform::OpenPanelAnswer::ok, std::nullopt, std::nullopt});
-
+    for (const Url& url : {good, refused}) {
+        permissions->requestAccess(nullptr, url, answer);
+        panel->choose(url);
+    }
+    for (const int response : {0, OpenPanelAnswer::ok}) {
+        permissions->requestAccess(nullptr, answer);
+        panel->end({response, std::nullopt, std::nullopt});
+    }
     EXPECT_EQ(answers, (std::vector<std::optional<Url>>{good, refused, std::nullopt}));
     EXPECT_EQ(permissions->storedUrls(), std::set<Url>{good});
-    const auto& request = panel->requests.front();
-    EXPECT_EQ(request.directory, good);
-    EXPECT_EQ(request.prompt, "Allow");
-    EXPECT_TRUE(request.canChooseDirectories);
-    EXPECT_FALSE(request.canChooseFiles || request.canCreateDirectories || request.allowsMultipleSelection);
+    EXPECT_EQ(panel->requests.front().directory, good);
+    EXPECT_EQ(panel->requests.front().prompt, "Allow");
 }
 
 TEST_F(FolderPermissionsTest, SecureFoldersKeepOneSetForTheProcess)
@@ -145,7 +120,6 @@ TEST_F(FolderPermissionsTest, SecureFoldersKeepOneSetForTheProcess)
     SecureFolders::save(b, "second");
     EXPECT_TRUE(SecureFolders::hasAccess({a}));
     EXPECT_FALSE(SecureFolders::hasAccess({a, b}));
-    EXPECT_TRUE(SecureFolders::hasAccess({}));
     EXPECT_EQ(UserDefaults::standard()->keys(), Keys{"first"});
     SecureFolders::stopAccessing(a);
     EXPECT_EQ(bookmarks->stopped, std::set<Url>{a});
@@ -161,22 +135,16 @@ TEST_F(FolderPermissionsTest, PanelsOfSecureFoldersTellWhatWasChosenAndWhere)
     const Url a = folder("a");
     std::vector<bool> flags;
     std::vector<std::optional<Url>> places;
-    const auto flag = [&](bool isChosen) { flags.push_back(isChosen); };
-    const auto place = [&](const std::optional<Url>& url) { places.push_back(url); };
-
-    SecureFolders::requestAccess(nullptr, a, "one", "Take it", flag);
-    panel->choose(a);
-    SecureFolders::requestAccess(nullptr, a, "one", "Take it", flag);
-    panel->end({});
-    SecureFolders::requestAccess(nullptr, std::nullopt, "two", "Take it", place);
-    panel->choose(a);
-    SecureFolders::requestAccess(nullptr, std::nullopt, "two", "Take it", place);
-    panel->end({});
-
+    const Url shown = a.deletingLastPathComponent();
+    for (const auto& answer : {OpenPanelAnswer{OpenPanelAnswer::ok, a, shown}, OpenPanelAnswer()}) {
+        SecureFolders::requestAccess(nullptr, a, "one", "Take it", [&](bool isChosen) { flags.push_back(isChosen); });
+        panel->end(answer);
+        SecureFolders::requestAccess(nullptr, std::nullopt, "two", "Take it",
+                                     [&](const std::optional<Url>& place) { places.push_back(place); });
+        panel->end(answer);
+    }
     EXPECT_EQ(flags, (std::vector<bool>{true, false}));
-    EXPECT_EQ(places, (std::vector<std::optional<Url>>{a.deletingLastPathComponent(), std::nullopt}));
-    EXPECT_EQ(panel->requests[0].prompt, "Take it");
-    EXPECT_EQ(panel->requests[2].directory, std::nullopt);
+    EXPECT_EQ(places, (std::vector<std::optional<Url>>{shown, std::nullopt}));
     EXPECT_EQ(UserDefaults::standard()->keys().size(), 2u);
 }
 

@@ -1,41 +1,39 @@
-#include <algorithm>
 #include <atomic>
 #include <filesystem>
+#include <numeric>
+#include <set>
 #include <thread>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include "Lorrel/files/Path.h"
 #include "platform/runtime/FileDescriptor.h"
 #include "tests/fakes/FakeEnvironment.h"
 #include "tests/fakes/FakeFileManager.h"
+#include "tests/support/ResourceLimit.h"
 #include "tests/support/TemporaryDirectory.h"
 
 namespace Lorrel {
 namespace {
 
 using Platform::Url;
-using Names = std::vector<std::string>;
 
 class PathListingsTest : public testing::Test {
 protected:
     Url at(std::string_view name) const { return Url::fromPath(folder / name); }
 
     // The locations' paths below the folder, folders with a slash, in order of name.
-    Names names(const std::vector<Url>& locations) const
+    std::string names(const std::vector<Url>& locations) const
     {
-        Names found;
+        std::multiset<std::string> found;
         for (const Url& location : locations) {
             const std::string path = location.path().substr(folder.path().size() + 1);
-            found.push_back(path + (location.hasDirectoryPath() ? "/" : ""));
+            found.insert(path + (location.hasDirectoryPath() ? "/ " : " "));
         }
-        std::ranges::sort(found);
-        return found;
+        return std::accumulate(found.begin(), found.end(), std::string());
     }
 
     void makeTree() const
@@ -58,39 +56,23 @@ TEST_F(PathListingsTest, EachListingKeepsItsKindOfEntries)
     const struct {
         const char* what;
         std::vector<Url> listed;
-        Names expected;
+        const char* expected;
     } rows[] = {
-        {"items",
-         Path::items(root),
-         {"App.app/", "a.txt", "link", "sub/", "sub/Tool.Bundle/", "sub/b.txt", "sub/broken", "sub/deep/",
-          "sub/deep/c.md"}},
-        {"files", Path::files(root), {"a.txt", "link", "sub/b.txt", "sub/broken", "sub/deep/c.md"}},
-        {"files by suffix",
-         Path::files(root, ".txt"),
-         {"App.app/Contents/d.txt", "App.app/inner.txt", "a.txt", "sub/Tool.Bundle/e.txt", "sub/b.txt"}},
-        {"folders by suffix", Path::directories(root, "p"), {"App.app/", "sub/deep/"}},
-        {"folders directly", Path::contents(root, true), {"App.app/", "sub/"}},
-        {"files directly", Path::contents(root, false), {"a.txt", "link"}},
-        {"inside a package",
-         Path::items(at("App.app")),
-         {"App.app/Contents/", "App.app/Contents/d.txt", "App.app/inner.txt"}},
-        {"through a link", Path::contents(at("link"), true), {"link/Tool.Bundle/", "link/deep/"}},
-        {"subfolders", Path::subfolders(root), {"App.app/", "sub/", "sub/Tool.Bundle/", "sub/deep/"}},
-        {"a file", Path::items(at("a.txt")), {}},
-        {"nothing", Path::subfolders(at("missing")), {}},
+        {"items", Path::items(root),
+         "App.app/ a.txt link sub/ sub/Tool.Bundle/ sub/b.txt sub/broken sub/deep/ sub/deep/c.md "},
+        {"files", Path::files(root), "a.txt link sub/b.txt sub/broken sub/deep/c.md "},
+        {"files by suffix", Path::files(root, ".txt"),
+         "App.app/Contents/d.txt App.app/inner.txt a.txt sub/Tool.Bundle/e.txt sub/b.txt "},
+        {"folders by suffix", Path::directories(root, "p"), "App.app/ sub/deep/ "},
+        {"folders directly", Path::contents(root, true), "App.app/ sub/ "},
+        {"files directly", Path::contents(root, false), "a.txt link "},
+        {"inside a package", Path::items(at("App.app")), "App.app/Contents/ App.app/Contents/d.txt App.app/inner.txt "},
+        {"through a link", Path::contents(at("link"), true), "link/Tool.Bundle/ link/deep/ "},
+        {"subfolders", Path::subfolders(root), "App.app/ sub/ sub/Tool.Bundle/ sub/deep/ "},
+        {"a file", Path::items(at("a.txt")), ""},
+        {"nothing", Path::subfolders(at("missing")), ""},
     };
     for (const auto& row : rows) EXPECT_EQ(names(row.listed), row.expected) << row.what;
-}
-
-TEST_F(PathListingsTest, FolderStandsBeforeWhatIsInsideIt)
-{
-    makeTree();
-    const auto items = Path::items(folder.url());
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        const auto parent = std::ranges::find(items, items[i].deletingLastPathComponent());
-        if (items[i].deletingLastPathComponent() == folder.url()) continue;
-        EXPECT_LT(parent - items.begin(), static_cast<long>(i)) << items[i].path();
-    }
 }
 
 TEST_F(PathListingsTest, FailureToListOrToTellAKindIsPrintedAsOneLine)
@@ -99,17 +81,20 @@ TEST_F(PathListingsTest, FailureToListOrToTellAKindIsPrintedAsOneLine)
     Tests::ReplacedFileManager files;
     files->hideKind(folder / "one/two", EIO);
     testing::internal::CaptureStdout();
-    EXPECT_EQ(names(Path::subfolders(folder.url())), Names{"one/"}) << "the walk ends there";
+    EXPECT_EQ(names(Path::subfolders(folder.url())), "one/ ") << "the walk ends there";
     EXPECT_TRUE(Path::contents(at("missing"), true).empty());
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "stat " + (folder / "one/two") + ": Input/output error\nopen " +
                                                           (folder / "missing") + ": No such file or directory\n");
 }
 
-TEST_F(PathListingsTest, NestedCountLeavesOutTheTopLinksAndTheLibrary)
+TEST_F(PathListingsTest, NestedCountLeavesOutTheTopLinksAndTheLibraryAndNoLoopOfLinksHoldsItUp)
 {
-    for (const auto* name : {"a/b/c", "a/d", "e", ".f/g"}) folder.makeFolder(name);
-    std::filesystem::create_directory_symlink(folder / "a", folder / "e/again");
+    for (const auto* name : {"a/b/c", "a/d", ".f/g"}) folder.makeFolder(name);
+    std::filesystem::create_directory_symlink(folder.path(), folder / "a/up");
+    std::filesystem::create_symlink("self", folder / "self");
     EXPECT_EQ(Path::nestedCount(folder.url(), true), 3);
+    EXPECT_EQ(names(Path::items(folder.url())), "a/ a/b/ a/b/c/ a/d/ a/up self ");
+    EXPECT_FALSE(Path::exists(folder / "self"));
 }
 
 TEST_F(PathListingsTest, LibraryOfTheAccountAndContainersOfTheSystemAreLeftOutOnRequest)
@@ -136,30 +121,13 @@ TEST_F(PathListingsTest, SizeCountsEveryEntryThatIsNoFolder)
     makeTree();
     // Eight files of five bytes, two links of the length of their targets.
     const std::uint64_t links = (folder / "sub").size() + std::string("nowhere").size();
-    EXPECT_EQ(Path::size(folder.url()), 8 * 5 + links);
     EXPECT_EQ(Path::size(at("a.txt")), 0u);
     EXPECT_EQ(Path::size(at("missing")), 0u);
     EXPECT_EQ(Path::fileSize(at("a.txt")), 5u);
     EXPECT_EQ(Path::fileSize(at("sub")), 0u);
     folder.write("sparse", "");
     std::filesystem::resize_file(folder / "sparse", 5'000'000'000'000);
-    EXPECT_EQ(Path::fileSize(at("sparse")), 5'000'000'000'000u);
-    EXPECT_FALSE(Platform::FileManager::shared().contents(folder / "sparse"));
     EXPECT_EQ(Path::size(folder.url()), 8 * 5 + links + 5'000'000'000'000u);
-}
-
-TEST_F(PathListingsTest, HundredThousandEntriesAreListedAndSummed)
-{
-    constexpr int folders = 100;
-    constexpr int filesEach = 1000;
-    for (int i = 0; i < folders; ++i) {
-        const std::string inside = folder.makeFolder("f" + std::to_string(i));
-        const Platform::FileDescriptor open(::open(inside.c_str(), O_RDONLY | O_DIRECTORY));
-        const std::string first = folder.write("f" + std::to_string(i) + "/first", "x");
-        for (int j = 1; j < filesEach; ++j) ::linkat(AT_FDCWD, first.c_str(), open.get(), std::to_string(j).c_str(), 0);
-    }
-    EXPECT_EQ(Path::files(folder.url()).size(), 100'000u);
-    EXPECT_EQ(Path::size(folder.url()), 100'000u);
 }
 
 TEST_F(PathListingsTest, DepthBeyondTheLongestPathIsNoObstacle)
@@ -178,34 +146,17 @@ TEST_F(PathListingsTest, DepthBeyondTheLongestPathIsNoObstacle)
     EXPECT_EQ(Path::subfolders(folder.url()).size(), static_cast<std::size_t>(levels));
     EXPECT_EQ(Path::files(folder.url(), "bottom").size(), 1u);
     EXPECT_EQ(Path::size(folder.url()), 3u);
-    // A descriptor a level is more than there are.
-    rlimit usual{};
-    ::getrlimit(RLIMIT_NOFILE, &usual);
-    const rlimit few{64, usual.rlim_max};
-    ::setrlimit(RLIMIT_NOFILE, &few);
+    const Tests::ResourceLimit noneForEachLevel(RLIMIT_NOFILE, 64);
     EXPECT_TRUE(Path::remove(at(name)));
-    ::setrlimit(RLIMIT_NOFILE, &usual);
 }
 
 TEST_F(PathListingsTest, NamesAreBytesInAnyEncoding)
 {
-    const std::string name = "caf\xe9\n\x01.txt";
-    folder.write(name, "abc");
+    const std::string file = folder.write("caf\xe9\n\x01.txt", "abc");
     const auto found = Path::files(folder.url(), ".txt");
-    ASSERT_EQ(found.size(), 1u);
-    EXPECT_EQ(found.front().path(), folder / name);
+    ASSERT_EQ(found, std::vector{Url::fromPath(file)});
     EXPECT_EQ(Path::fileSize(found.front()), 3u);
     EXPECT_TRUE(Path::remove(found.front()));
-}
-
-TEST_F(PathListingsTest, LinksThatLoopEndNoWalk)
-{
-    folder.makeFolder("a");
-    std::filesystem::create_directory_symlink(folder.path(), folder / "a/up");
-    std::filesystem::create_symlink("self", folder / "self");
-    EXPECT_EQ(names(Path::items(folder.url())), (Names{"a/", "a/up", "self"}));
-    EXPECT_EQ(Path::nestedCount(folder.url(), true), 0);
-    EXPECT_FALSE(Path::exists(folder / "self"));
 }
 
 TEST_F(PathListingsTest, FoldersThatComeAndGoDuringWalksHarmNothing)
@@ -225,6 +176,9 @@ TEST_F(PathListingsTest, FoldersThatComeAndGoDuringWalksHarmNothing)
     }
     isOver = true;
     mover.join();
+    for (int i = 0; i < 3000; ++i) folder.write("many/" + std::to_string(i), "1");
+    EXPECT_EQ(Path::files(folder.url()).size(), 3050u);
+    EXPECT_EQ(Path::size(folder.url()), 3050u);
 }
 
 TEST_F(PathListingsTest, UnreadableFolderIsAnEntryWithoutInsides)
@@ -233,17 +187,13 @@ TEST_F(PathListingsTest, UnreadableFolderIsAnEntryWithoutInsides)
     folder.write("open/file", "12345");
     ASSERT_EQ(::chmod((folder / "locked").c_str(), 0), 0);
     ::chmod(folder.path().c_str(), 0755);
-    // As nobody, where the test runs as root.
-    const pid_t child = ::fork();
-    if (child == 0) {
+    const auto listAsNobody = [&] {
         if (::geteuid() == 0 && ::setresuid(65534, 65534, 65534) != 0) ::_exit(2);
         const bool isRight =
-            names(Path::items(folder.url())) == Names{"locked/", "open/", "open/file"} && Path::size(folder.url()) == 5;
+            names(Path::items(folder.url())) == "locked/ open/ open/file " && Path::size(folder.url()) == 5;
         ::_exit(isRight ? 0 : 1);
-    }
-    int status = -1;
-    ::waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
+    };
+    EXPECT_EXIT(listAsNobody(), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

@@ -1,5 +1,3 @@
-#include <cmath>
-#include <ctime>
 #include <filesystem>
 
 #include <gtest/gtest.h>
@@ -32,7 +30,6 @@ TEST(Path, KindFollowsLinks)
     for (const auto& [name, type] : rows) {
         EXPECT_EQ(Path::type(folder / name), type) << name;
         EXPECT_EQ(Path::exists(folder / name), type != PathType::invalid) << name;
-        EXPECT_EQ(Path::exists(Url::fromPath(folder / name)), type != PathType::invalid) << name;
         EXPECT_EQ(Path::isDirectory(folder / name), type == PathType::directory) << name;
     }
 }
@@ -52,21 +49,17 @@ TEST(Path, RemovalTakesFoldersWholeAndLinksAlone)
     EXPECT_TRUE(Path::remove(Url::fromPath(folder / "missing")));
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
               "remove " + (folder / "missing") + ": No such file or directory\n");
-    testing::internal::CaptureStdout();
     EXPECT_FALSE(Path::remove(Url::fromPath("/proc/self/status")));
-    EXPECT_NE(testing::internal::GetCapturedStdout(), "");
 }
 
 TEST(Path, DatesAreThoseOfTheEntry)
 {
     const Tests::TemporaryDirectory folder;
-    const double before = static_cast<double>(std::time(nullptr));
     const std::string file = folder.write("file", "");
     std::filesystem::last_write_time(file, std::filesystem::file_time_type::clock::from_sys(
                                                std::chrono::sys_seconds(std::chrono::seconds(1'000'000'000))));
-    ASSERT_TRUE(Path::creationDate(file).has_value());
-    EXPECT_NEAR(Path::creationDate(file)->timeIntervalSince1970(), before, 10);
     EXPECT_EQ(Path::date(file, Platform::FileAttribute::modificationDate), Platform::Date(1'000'000'000));
+    EXPECT_GT(Path::creationDate(file), Platform::Date(1'000'000'000));
     EXPECT_EQ(Path::date(file, Platform::FileAttribute::size), std::nullopt);
     EXPECT_EQ(Path::creationDate(folder / "missing"), std::nullopt);
 }
@@ -77,29 +70,23 @@ TEST(Path, LastUseIsTheVisitInTheListOfRecentFiles)
     Tests::ReplacedEnvironment environment(folder.path());
     Tests::ReplacedLog log;
     const std::string used = folder.write("used äö%.txt", "");
-    const std::string unused = folder.write("unused.txt", "");
-    EXPECT_EQ(Path::lastUsedDate(used), std::nullopt);
     const auto list = [&](const std::string& visited) {
-        return R"(<?xml version="1.0" encoding="UTF-8"?><xbel version="1.0"
-            xmlns:bookmark="http://www.freedesktop.org/standards/desktop-bookmarks"
-            xmlns:mime="http://www.freedesktop.org/standards/shared-mime-info">)"
-               R"(<bookmark href="file://)" +
-               folder.path() + R"(/used%20%C3%A4%C3%B6%25.txt" added="2020-01-01T00:00:00Z" )" +
-               R"(modified="2020-01-01T00:00:00Z" visited=")" + visited + R"("></bookmark></xbel>)";
+        return R"(<?xml version="1.0" encoding="UTF-8"?><xbel version="1.0"><bookmark href="file://)" + folder.path() +
+               R"(/used%20%C3%A4%C3%B6%25.txt" visited=")" + visited + R"("></bookmark></xbel>)";
     };
-    folder.write(".local/share/recently-used.xbel", list("2024-02-03T04:05:06.5Z"));
-    EXPECT_EQ(Path::lastUsedDate(used), Platform::Date(1706933106.5));
-    EXPECT_EQ(Path::lastUsedDate(unused), std::nullopt);
-    std::filesystem::rename(folder / ".local/share/recently-used.xbel", folder / "list");
-    std::filesystem::create_symlink(folder / "list", folder / ".local/share/recently-used.xbel");
-    EXPECT_EQ(Path::lastUsedDate(used), Platform::Date(1706933106.5));
-    folder.write("list", list("2024-02-03T04:05:09Z"));
-    EXPECT_EQ(Path::lastUsedDate(used), Platform::Date(1706933109));
-    std::filesystem::rename(used, folder / "moved");
+    const std::pair<std::string, std::optional<Platform::Date>> rows[] = {
+        {list("2024-02-03T04:05:06.5Z"), Platform::Date(1706933106.5)},
+        {list("2024-02-03T04:05:09Z"), Platform::Date(1706933109)},
+        {"<xbel", std::nullopt},
+    };
     EXPECT_EQ(Path::lastUsedDate(used), std::nullopt);
-    folder.write(".local/share/recently-used.xbel", "<xbel");
-    EXPECT_EQ(Path::lastUsedDate(unused), std::nullopt);
-    EXPECT_EQ(log->count("Recently used files"), 1u);
+    folder.makeFolder(".local/share");
+    std::filesystem::create_symlink(folder / "list", folder / ".local/share/recently-used.xbel");
+    for (const auto& [content, visited] : rows) {
+        folder.write("list", content);
+        EXPECT_EQ(Path::lastUsedDate(used), visited) << content;
+        EXPECT_EQ(Path::lastUsedDate(folder.path()), std::nullopt) << "not in the list";
+    }
 }
 
 TEST(DirectoryUrl, EachFolderHasItsPlace)
@@ -140,14 +127,10 @@ protected:
     FileIconManager manager;
 };
 
-TEST_F(IconTest, FileTypeDecidesTheIconOfAFile)
+TEST_F(IconTest, FileTypeDecidesExceptInsideAnApplication)
 {
     EXPECT_EQ(of(Path::icon(Url::fromPath("/x/photo.JPG"))), "type public.jpeg");
     EXPECT_EQ(of(Path::icon(Url::fromPath("/x/what.q-q-q"))), "ending q-q-q");
-}
-
-TEST_F(IconTest, LocationInsideAnApplicationHasTheApplicationsIcon)
-{
     const std::string apps = root / "Applications";
     EXPECT_EQ(of(manager.icon(Url::fromPath(apps + "/Foo.app"))), "file " + apps + "/Foo.app");
     EXPECT_EQ(of(manager.icon(Url::fromPath("/else/Foo.app/Contents/In.app/MacOS/Foo"))), "file " + apps + "/Foo.app");

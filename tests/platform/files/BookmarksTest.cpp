@@ -8,54 +8,41 @@
 namespace Platform {
 namespace {
 
-constexpr auto scope = BookmarkOptions::resolutionWithSecurityScope;
+namespace fs = std::filesystem;
 
 TEST(Bookmarks, LeadBackToTheSameEntryOnly)
 {
-    namespace fs = std::filesystem;
     const Tests::TemporaryDirectory root;
     const std::string place = root / "place \xe9";
+    const std::string elsewhere = root / "elsewhere";
     const struct {
         const char* what;
         std::function<void()> change;
         bool isStale;
     } rows[] = {
-        {"untouched", [] {}, false},
         {"filled", [&] { root.write("place \xe9/file", "x"); }, false},
         {"permissions changed", [&] { fs::permissions(place, fs::perms::owner_all); }, false},
-        {"deleted", [&] { fs::remove_all(place); }, true},
-        {"moved", [&] { fs::rename(place, root / "elsewhere"); }, true},
-        {"replaced by another folder",
+        {"replaced by another",
          [&] {
              fs::remove_all(place);
              fs::create_directory(place);
          },
          true},
-        {"replaced by a link to where it went",
-         [&] {
-             fs::rename(place, root / "elsewhere");
-             fs::create_directory_symlink(root / "elsewhere", place);
-         },
-         false},
-        {"replaced by a link to another",
-         [&] {
-             fs::remove_all(place);
-             fs::create_directory_symlink(root.path(), place);
-         },
-         true},
+        {"moved", [&] { fs::rename(place, elsewhere); }, true},
+        {"replaced by a link to where it went", [&] { fs::create_directory_symlink(elsewhere, place); }, false},
     };
+    fs::create_directory(place);
+    const Url url = Url::fromPath(place);
+    auto bookmark = Bookmarks::shared().create(url, 0);
     for (const auto& row : rows) {
-        fs::remove_all(place);
-        fs::remove_all(root / "elsewhere");
-        fs::create_directory(place);
-        const Url url = Url::fromPath(place);
-        const auto bookmark = Bookmarks::shared().create(url, BookmarkOptions::creationWithSecurityScope);
         ASSERT_TRUE(bookmark) << row.what;
         row.change();
-        const auto resolved = Bookmarks::shared().resolve(*bookmark, scope);
+        const auto resolved = Bookmarks::shared().resolve(*bookmark, 0);
         ASSERT_TRUE(resolved) << row.what;
         EXPECT_EQ(resolved->url, url) << row.what;
         EXPECT_EQ(resolved->isStale, row.isStale) << row.what;
+        // What has gone is still known by the last one.
+        if (fs::exists(place)) bookmark = Bookmarks::shared().create(url, 0);
     }
 }
 
@@ -68,7 +55,7 @@ TEST(Bookmarks, NoneIsMadeOfNothingAndNoneIsReadFromOtherBytes)
     ASSERT_TRUE(whole);
     for (std::size_t length = 0; length < whole->size(); ++length) {
         const PropertyList::Data cut(whole->begin(), whole->begin() + static_cast<long>(length));
-        EXPECT_FALSE(Bookmarks::shared().resolve(cut, scope)) << length;
+        EXPECT_FALSE(Bookmarks::shared().resolve(cut, 0)) << length;
     }
     EXPECT_TRUE(Bookmarks::shared().startAccessing(root.url()));
     EXPECT_FALSE(Bookmarks::shared().startAccessing(Url::fromPath(root / "missing")));

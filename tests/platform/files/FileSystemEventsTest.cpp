@@ -1,9 +1,9 @@
 #include <filesystem>
+#include <optional>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include "platform/files/FileSystemEvents.h"
 #include "platform/runtime/FileDescriptor.h"
@@ -16,99 +16,72 @@ namespace {
 
 class FileSystemEventsTest : public testing::Test {
 protected:
-    Subscription watch(const std::string& path, FileSystemEvents::Handler handler)
+    Subscription watch(const FileDescriptor& opened, FileSystemEvents::Handler handler)
     {
-        opened.emplace_back(::open(path.c_str(), O_PATH));
-        auto watched = FileSystemEvents::shared().watch(opened.back().get(), std::move(handler));
+        auto watched = FileSystemEvents::shared().watch(opened.get(), std::move(handler));
         EXPECT_TRUE(watched);
         return std::move(watched).value();
     }
-    Subscription gather(const std::string& path)
-    {
-        return watch(path, [this](FileEvents events) { seen.push_back(events); });
-    }
-    // What one delivery told; the events must have come as one.
-    FileEvents delivered()
-    {
-        RunLoop::main().drain();
-        EXPECT_LE(seen.size(), 1u);
-        return seen.empty() ? FileEvents::none : std::exchange(seen, {}).front();
-    }
 
     Tests::TemporaryDirectory folder;
-    Shared<FileSystemEvents>::Override fresh;
-    std::vector<FileDescriptor> opened;
-    std::vector<FileEvents> seen;
+    std::optional<Shared<FileSystemEvents>::Override> service{std::in_place};
+    std::string path = folder.write("file", "a");
+    FileDescriptor file{::open(path.c_str(), O_PATH)};
+    FileDescriptor list{::open(folder.path().c_str(), O_PATH)};
 };
 
-TEST_F(FileSystemEventsTest, FileIsFollowedThroughItsNames)
+TEST_F(FileSystemEventsTest, FollowAFileThroughItsNamesAndTheListOfAFolder)
 {
-    const std::string path = folder.write("file", "a");
-    const Subscription watched = gather(path);
-    folder.write("file", "ab");
-    EXPECT_EQ(delivered(), FileEvents::written);
-    ::chmod(path.c_str(), 0600);
-    EXPECT_EQ(delivered(), FileEvents::attributes);
-    std::filesystem::rename(path, folder / "other");
-    EXPECT_EQ(delivered(), FileEvents::renamed);
-    folder.write("file", "another one of the old name");
-    EXPECT_EQ(delivered(), FileEvents::none);
-    folder.write("other", "abc");
-    std::filesystem::remove(folder / "other");
-    EXPECT_EQ(delivered(), FileEvents::written | FileEvents::attributes);
-    opened.clear();
-    EXPECT_TRUE(contains(delivered(), FileEvents::removed));
+    using enum FileEvents;
+    FileEvents ofFile = none;
+    FileEvents ofFolder = none;
+    const Subscription first = watch(file, [&](FileEvents events) { ofFile = ofFile | events; });
+    const Subscription second = watch(list, [&](FileEvents events) { ofFolder = ofFolder | events; });
+    const struct {
+        const char* what;
+        std::function<void()> change;
+        FileEvents ofFile;
+        FileEvents ofFolder;
+    } steps[] = {
+        {"written", [&] { folder.write("file", "ab"); }, written, none},
+        {"permissions", [&] { ::chmod(path.c_str(), 0600); }, attributes, none},
+        {"renamed", [&] { std::filesystem::rename(path, folder / "other"); }, renamed, written},
+        {"another of its name", [&] { folder.write("file", ""); }, none, written},
+        {"removed while it is open", [&] { std::filesystem::remove(folder / "other"); }, attributes, written},
+        {"closed", [&] { file.reset(); }, removed, none},
+        {"permissions of the folder", [&] { ::chmod(folder.path().c_str(), 0711); }, none, attributes},
+    };
+    for (const auto& step : steps) {
+        step.change();
+        RunLoop::main().drain();
+        EXPECT_EQ(std::exchange(ofFile, none), step.ofFile) << step.what;
+        EXPECT_EQ(std::exchange(ofFolder, none), step.ofFolder) << step.what;
+    }
 }
 
-TEST_F(FileSystemEventsTest, FolderTellsOfItsListAndItselfOnly)
+TEST_F(FileSystemEventsTest, WatchEndsInsideItsOwnCallOrAfterTheServiceAndOthersGoOn)
 {
-    const std::string file = folder.write("file", "a");
-    const Subscription watched = gather(folder.path());
-    folder.write("file", "changed");
-    ::chmod(file.c_str(), 0600);
-    EXPECT_EQ(delivered(), FileEvents::none);
-    folder.write("new", "");
-    std::filesystem::rename(folder / "new", folder / "newer");
-    std::filesystem::remove(folder / "newer");
-    EXPECT_EQ(delivered(), FileEvents::written);
-    ::chmod(folder.path().c_str(), 0711);
-    EXPECT_EQ(delivered(), FileEvents::attributes);
-}
-
-TEST_F(FileSystemEventsTest, WatchEndsInsideItsOwnCallAndOthersGoOn)
-{
-    const std::string path = folder.write("file", "a");
+    int calls = 0;
+    int otherCalls = 0;
     Subscription first;
-    int firstCalls = 0;
-    first = watch(path, [&](FileEvents) {
-        ++firstCalls;
+    first = watch(list, [&](FileEvents) {
+        ++calls;
         first.cancel();
     });
-    const Subscription second = gather(path);
-    folder.write("file", "b");
-    RunLoop::main().drain();
-    folder.write("file", "c");
-    RunLoop::main().drain();
-    EXPECT_EQ(firstCalls, 1);
-    EXPECT_GE(seen.size(), 2u);
-}
-
-TEST_F(FileSystemEventsTest, SubscriptionOutlivesTheService)
-{
-    Subscription watched = gather(folder.path());
-    {
-        const Shared<FileSystemEvents>::Override other;
+    Subscription second = watch(list, [&](FileEvents) { ++otherCalls; });
+    for (const char* name : {"one", "two"}) {
+        folder.write(name, "");
+        RunLoop::main().drain();
     }
-    watched.cancel();
-    watched.cancel();
-}
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(otherCalls, 2);
+    const auto unwatched = FileSystemEvents::shared().watch(-1, [](FileEvents) {});
+    ASSERT_FALSE(unwatched);
+    EXPECT_EQ(unwatched.error().code, ENOENT);
 
-TEST_F(FileSystemEventsTest, WhatCannotBeWatchedIsAnErrorWithItsReason)
-{
-    const auto watched = FileSystemEvents::shared().watch(-1, [](FileEvents) {});
-    ASSERT_FALSE(watched);
-    EXPECT_EQ(watched.error().call, "inotify_add_watch");
-    EXPECT_EQ(watched.error().code, ENOENT);
+    service.reset();
+    second.cancel();
+    second.cancel();
 }
 
 }  // namespace
