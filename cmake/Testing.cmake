@@ -1,4 +1,3 @@
-find_package(GTest REQUIRED)
 include(GoogleTest)
 
 # pellora_test(<target> [FOLDERS <dir>...] [LINKS <room>...] [TIMEOUT seconds] [LOCK <name>])
