@@ -26,7 +26,6 @@ public:
     std::string userName() const override { return user_; }
 
     void set(const std::string& name, std::string value) { variables_[name] = std::move(value); }
-    void unset(const std::string& name) { variables_.erase(name); }
     void setHome(std::string path) { home_ = std::move(path); }
 
 private:

@@ -95,8 +95,6 @@ TEST(DirectoryUrl, EachFolderHasItsPlace)
     Tests::ReplacedEnvironment environment("/Users/alice/Library/Containers/com.example.app/Data", "al");
     const std::pair<Directory, std::string> rows[] = {
         {Directory::applications, "/Applications"},
-        {Directory::user, "/Users/alice"},
-        {Directory::library, "/Users/alice/Library"},
         {Directory::trash, "/Users/alice/Library/.Trash"},
         {Directory::mailAttachments, "/Users/alice/Library/Containers/com.apple.mail/Data/Library/Mail Downloads"},
         {Directory::volumes, "/Volumes"},

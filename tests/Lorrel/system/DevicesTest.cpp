@@ -23,12 +23,6 @@ protected:
     Tests::TemporaryDirectory root;
     Tests::ReplacedSystemRoots roots{root.path()};
     Tests::ReplacedIconService icons;
-
-    void declare(const std::string& file, const std::string& declarations)
-    {
-        root.write(coreTypes + file, "<plist version=\"1.0\"><dict><key>UTExportedTypeDeclarations</key><array>" +
-                                         declarations + "</array></dict></plist>");
-    }
 };
 
 std::string declaration(const std::string& identifier, const std::string& codes)
@@ -40,56 +34,37 @@ std::string declaration(const std::string& identifier, const std::string& codes)
 
 }  // namespace
 
-TEST_F(DevicesTest, MobileTablesAreUniqueAndSpeltInTheirStyle)
+TEST_F(DevicesTest, MobileTablesAreWholeAndUnique)
 {
-    const struct {
-        std::span<const Lorrel::MobileDeviceRow> rows;
-        std::size_t count;
-        const char *family, *brand, *icon;
-    } tables[] = {{Lorrel::phoneRows(), 53, "iPhone", "iPhone", "com.apple.iphone-"},
-                  {Lorrel::audioRows(), 7, "iPod", "", "com.apple.ipod-touch"},
-                  {Lorrel::tabletRows(), 82, "iPad", "iPad", "com.apple.ipad"},
-                  {Lorrel::watchRows(), 39, "Watch", "Apple Watch", "com.apple.watch-"}};
-    for (const auto& table : tables) {
-        std::set<std::string_view> identifiers;
-        for (const auto& row : table.rows) {
-            SCOPED_TRACE(row.identifier);
-            EXPECT_TRUE(identifiers.insert(row.identifier).second && row.identifier.starts_with(table.family));
-            EXPECT_TRUE(row.name.starts_with(table.brand));
-            const bool hasIcon = row.iconName.starts_with(table.icon) && row.iconName.ends_with(".icns");
-            EXPECT_NE(hasIcon, row.identifier == "iPhone1,1");
+    std::set<std::string_view> identifiers;
+    for (const auto rows : {Lorrel::phoneRows(), Lorrel::audioRows(), Lorrel::tabletRows(), Lorrel::watchRows()}) {
+        for (const auto& row : rows) {
+            EXPECT_TRUE(identifiers.insert(row.identifier).second) << row.identifier;
+            EXPECT_EQ(row.iconName.ends_with(".icns"), row.identifier != "iPhone1,1") << row.identifier;
         }
-        EXPECT_EQ(identifiers.size(), table.count) << table.family;
     }
+    EXPECT_EQ(identifiers.size(), 53u + 7 + 82 + 39);
 }
 
 TEST_F(DevicesTest, IdentifiersFindTheirFamilyTheirRowOrTheGenericOne)
 {
-    struct Case {
-        const char* identifier;
-        const char* name;  // null: no record
-        const char* shortName;
-        std::optional<std::string> icon;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, const char*, std::optional<std::string>> cases[] = {
         {"iPhone7,1", "iPhone 6 Plus", "iPhone 6+", "com.apple.iphone-6-plus-b4b5b9.icns"},
         {"iPhone17,1", "iPhone", "iPhone", std::nullopt},
-        {"iPod8,1", nullptr, "", std::nullopt},
         {"iPad14,6-B", "iPad Pro 12.9 inch 6th Gen", "iPad Pro", "com.apple.ipad-pro-12point9-2.icns"},
         {"iPad99,1", "iPad", "iPad", "com.apple.ipad-pro-12point9-2.icns"},
         {"Watch6", "Apple Watch Series 6 44mm case (GPS)", "Watch S6", "com.apple.watch-44mm-6.icns"},
         {"Watch6,2", "Apple Watch", "Apple Watch", "com.apple.watch-placeholder.icns"},
-        {"", nullptr, "", std::nullopt},
     };
-    for (const Case& item : cases) {
-        SCOPED_TRACE(item.identifier);
-        const auto device = MobileDevices::device(item.identifier);
-        ASSERT_EQ(device != nullptr, item.name != nullptr);
-        if (!device) continue;
-        EXPECT_EQ(device->name(), item.name);
-        EXPECT_EQ(device->shortName(), item.shortName);
-        EXPECT_EQ(device->iconName(), item.icon);
+    for (const auto& [identifier, name, shortName, icon] : cases) {
+        SCOPED_TRACE(identifier);
+        const auto device = MobileDevices::device(identifier);
+        ASSERT_TRUE(device);
+        EXPECT_EQ(device->name(), name);
+        EXPECT_EQ(device->shortName(), shortName);
+        EXPECT_EQ(device->iconName(), icon);
     }
+    for (const char* unknown : {"iPod8,1", ""}) EXPECT_FALSE(MobileDevices::device(unknown)) << unknown;
     EXPECT_TRUE(std::dynamic_pointer_cast<Lorrel::Tablet>(MobileDevices::device("iPad1,1")));
 }
 
@@ -110,7 +85,11 @@ TEST_F(DevicesTest, MobileIconsAreSoughtInTheBundlesThenByTheirType)
 TEST_F(DevicesTest, ComputerIconsFallBackFromTheModelToItsFamilyAndKind)
 {
     EXPECT_EQ(MacDevices::icon("MacBookPro18,3"), nullptr);
-    root.write(coreTypes + std::string("broken.plist"), "<plist><dict>");
+    const auto declare = [&](const std::string& file, const std::string& declarations) {
+        root.write(coreTypes + file, "<plist version=\"1.0\"><dict><key>UTExportedTypeDeclarations</key><array>" +
+                                         declarations + "</array></dict></plist>");
+    };
+    declare("broken.plist", "<dict>");
     declare("a.plist",
             declaration("", "<string>MacBookPro</string>") +
                 declaration("com.apple.unknown", "<string>MacBookPro</string>") +

@@ -5,7 +5,6 @@
 #include "Lorrel/system/MacSystem.h"
 #include "Lorrel/system/internal/SystemFacts.h"
 #include "tests/fakes/FakeEnvironment.h"
-#include "tests/fakes/FakeIconService.h"
 #include "tests/fakes/FakeKernel.h"
 #include "tests/fakes/VirtualClock.h"
 #include "tests/support/TemporaryDirectory.h"
@@ -24,47 +23,24 @@ protected:
     Tests::ReplacedProcessInfo process;
     Tests::ReplacedClock clock;
     Platform::Shared<Lorrel::SystemFacts>::Override fresh;
-
-    void writeAttributes(const std::string& language, const std::string& entry)
-    {
-        root.write("System/Library/PrivateFrameworks/ServerInformation.framework/Versions/A/Resources/" + language +
-                       ".lproj/SIMachineAttributes.plist",
-                   "<plist version=\"1.0\"><dict>" + entry + "</dict></plist>");
-    }
-    // Time values of the kernel: seconds and microseconds of 64 bits each.
-    void setBootTime(std::int64_t seconds)
-    {
-        kernel->bootTime = std::string(reinterpret_cast<const char*>(&seconds), 8) + std::string(8, '\0');
-    }
 };
 
 }  // namespace
 
 TEST_F(MacSystemTest, SystemTextsComeFromTheVersionString)
 {
-    struct Case {
-        const char* version;
-        std::optional<int> major;
-        const char* name;
-        const char* text;
-        const char* marketing;
-    };
     const std::string unknown = MacSystem::osName(7);
-    const Case cases[] = {
-        {"Version 14.2.1 (Build 23C71)", 14, "macOS Sonoma", "14.2.1 (Build 23C71)", "macOS 14.2.1 (Build 23C71)"},
-        {"Version 11", 11, "macOS Big Sur", "11", "macOS 11"},
-        {"Version Debian GNU/Linux 12 (bookworm)", std::nullopt, unknown.c_str(), "Debian GNU/Linux 12 (bookworm)",
-         "macOS Debian GNU/Linux 12 (bookworm)"},
-        {"Version", std::nullopt, unknown.c_str(), "", "macOS"},
+    const std::tuple<const char*, std::optional<int>, std::string, const char*> cases[] = {
+        {"Version 14.2.1 (Build 23C71)", 14, "macOS Sonoma 14.2.1 (Build 23C71)", "macOS 14.2.1 (Build 23C71)"},
+        {"Version 11", 11, "macOS Big Sur 11", "macOS 11"},
+        {"Version Debian GNU/Linux 12", std::nullopt, unknown + " Debian GNU/Linux 12", "macOS Debian GNU/Linux 12"},
+        {"Version", std::nullopt, unknown + " ", "macOS"},
     };
-    for (const Case& item : cases) {
-        SCOPED_TRACE(item.version);
-        process->version = item.version;
-        EXPECT_EQ(MacSystem::osMajorVersion(), item.major);
-        EXPECT_EQ(MacSystem::osName(), item.name);
-        EXPECT_EQ(MacSystem::osVersionText(), item.text);
-        EXPECT_EQ(MacSystem::osMarketingVersionText(), item.marketing);
-        EXPECT_EQ(MacSystem::osDescription(), item.name + " "s + item.text);
+    for (const auto& [version, major, description, marketingText] : cases) {
+        process->version = version;
+        EXPECT_EQ(MacSystem::osMajorVersion(), major) << version;
+        EXPECT_EQ(MacSystem::osDescription(), description);
+        EXPECT_EQ(MacSystem::osMarketingVersionText(), marketingText);
     }
     EXPECT_EQ(MacSystem::osName(8), "macOS Tiger");
     EXPECT_EQ(MacSystem::osName(25), unknown);
@@ -105,43 +81,29 @@ TEST_F(MacSystemTest, CachedFactsAreReadOnceAndMayBeAssigned)
     EXPECT_EQ(MacSystem::model(), "Other");
 }
 
-TEST_F(MacSystemTest, PicturesOfTheSystemAreLoadedOnceAlsoWhereThereIsNone)
-{
-    const Tests::ReplacedIconService icons;
-    const std::string folder = "image " + root / "System/Library/Desktop Pictures/";
-    icons->lack(folder + "Ventura Graphic.heic");
-    for (int read = 0; read < 2; ++read) {
-        EXPECT_EQ(icons->nameOf(MacSystem::bigSurWallpaper()), folder + "Big Sur Graphic.heic");
-        EXPECT_EQ(MacSystem::venturaWallpaper(), nullptr);
-    }
-    EXPECT_EQ(icons->questions.size(), 2U);
-}
-
 TEST_F(MacSystemTest, IntelMachinesTakeTheirNameFromTheTableOfModels)
 {
-    const std::string row = "<key>MacPro7,1</key><dict><key>_LOCALIZABLE_</key><dict>";
-    struct Case {
-        const char* locale;
-        std::string table;
-        const char* marketingName;
+    const auto row = [](const std::string& marketingModel) {
+        return "<key>MacPro7,1</key><dict><key>_LOCALIZABLE_</key><dict>" + marketingModel + "</dict></dict>";
     };
-    const Case cases[] = {
-        {"de_DE.UTF-8", row + "<key>marketingModel</key><string>Mac Pro (2019)</string></dict></dict>",
-         "Mac Pro (2019)"},
-        {"de_DE.UTF-8", row + "</dict></dict>", "-"},
-        {"de_DE.UTF-8", row + "<key>marketingModel</key><integer>1</integer></dict></dict>", "-"},
+    const std::tuple<const char*, std::string, const char*> cases[] = {
+        {"de_DE.UTF-8", row("<key>marketingModel</key><string>Mac Pro (2019)</string>"), "Mac Pro (2019)"},
+        {"de_DE.UTF-8", row(""), "-"},
+        {"de_DE.UTF-8", row("<key>marketingModel</key><integer>1</integer>"), "-"},
         {"de_DE.UTF-8", "<broken", "-"},
-        {"de-AT", row + "<key>marketingModel</key><string>x</string></dict></dict>", "x"},
-        {"../de", row + "<key>marketingModel</key><string>x</string></dict></dict>", "-"},
+        {"de-AT", row("<key>marketingModel</key><string>x</string>"), "x"},
+        {"../de", row("<key>marketingModel</key><string>x</string>"), "-"},
     };
-    for (const Case& item : cases) {
-        SCOPED_TRACE(item.table);
+    for (const auto& [locale, table, marketingName] : cases) {
         const Platform::Shared<Lorrel::SystemFacts>::Override again;
         MacSystem::setModel("MacPro7,1");
-        environment->set("LC_ALL", item.locale);
+        environment->set("LC_ALL", locale);
         const Tests::ReplacedEnvironment sameButRenewed(*environment);  // a locale is read once an environment
-        writeAttributes("de", item.table);
-        EXPECT_EQ(MacSystem::marketingName(), item.marketingName);
+        root.write(
+            "System/Library/PrivateFrameworks/ServerInformation.framework/Versions/A/Resources/de.lproj/"
+            "SIMachineAttributes.plist",
+            "<plist version=\"1.0\"><dict>" + table + "</dict></plist>");
+        EXPECT_EQ(MacSystem::marketingName(), marketingName) << locale << " " << table;
     }
     EXPECT_EQ(MacSystem::efficiencyCoreCount(), std::nullopt);
     EXPECT_FALSE(MacSystem::isAppleSilicon());
@@ -177,7 +139,9 @@ TEST_F(MacSystemTest, UptimesAreClockTextsOrTheirPlaceholders)
     EXPECT_EQ(MacSystem::uptimeText(), "-");
     EXPECT_EQ(MacSystem::bootUptimeText(), "00:00:00:-1");
     kernel->uptime = 3661;
-    setBootTime(static_cast<std::int64_t>(clock->wallSeconds()) - 90061);
+    const auto start = static_cast<std::int64_t>(clock->wallSeconds()) - 90061;
+    // Seconds and microseconds of 64 bits each.
+    kernel->bootTime = std::string(reinterpret_cast<const char*>(&start), 8) + std::string(8, '\0');
     EXPECT_EQ(MacSystem::uptimeText(), "00:01:01:01");
     EXPECT_EQ(MacSystem::bootUptimeText(), "01:01:01:01");
     kernel->uptime = 0;

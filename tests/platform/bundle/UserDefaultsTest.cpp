@@ -54,30 +54,6 @@ int ended(pid_t process)
     return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
-TEST_F(UserDefaultsTest, ValuesAreReadBackAsWhatTheyAreByAnotherOpener)
-{
-    const PropertyList::Data bytes = {0, 255, 7};
-    const std::vector<std::string> list = {"a", "", "ü"};
-    const auto writer = open();
-    writer->set("text", "täxt");
-    writer->set("bytes", bytes);
-    writer->set("count", -7);
-    writer->setStringArray("list", list);
-    writer->set("mixed", PropertyList::Array{"a", 1});
-    writer->remove("text");
-    writer->set("text", "changed");
-    writer->remove("count");
-
-    const auto reader = open();
-    EXPECT_EQ(reader->string("text"), "changed");
-    EXPECT_EQ(reader->data("bytes"), bytes);
-    EXPECT_EQ(reader->string("bytes"), std::nullopt);
-    EXPECT_EQ(reader->stringArray("list"), list);
-    EXPECT_EQ(reader->stringArray("mixed"), std::nullopt);
-    EXPECT_EQ(reader->integer("count"), std::nullopt);
-    EXPECT_EQ(reader->keys().size(), 4u);
-}
-
 TEST_F(UserDefaultsTest, SuitesOfAnyNameStayApartAndInTheirFolder)
 {
     const std::vector<std::string> names = {"a", "A", "", "..", "../a", ".hidden", "a/b", "ü x", "a.plist"};
@@ -203,18 +179,6 @@ TEST_F(UserDefaultsTest, FullDiskKeepsTheOldFileAndTheNewValueInMemory)
     EXPECT_EQ(defaults->string("large"), std::string(200'000, 'x'));
     defaults->remove("small");
     EXPECT_EQ(open()->keys(), std::vector<std::string>{"large"});
-}
-
-TEST_F(UserDefaultsTest, FolderThatCannotBeMadeIsToldAndTriedAgain)
-{
-    home.write(".config", "a file in the way");
-    const auto defaults = open();
-    defaults->set("key", 1);
-    EXPECT_EQ(defaults->integer("key"), 1);
-    EXPECT_EQ(log->count("mkdir"), 1u);
-    std::filesystem::remove(home / ".config");
-    defaults->set("other", 2);
-    EXPECT_EQ(open()->integer("key"), 1);
 }
 
 }  // namespace

@@ -31,6 +31,7 @@ TEST(Bookmarks, LeadBackToTheSameEntryOnly)
         {"moved", [&] { fs::rename(place, elsewhere); }, true},
         {"replaced by a link to where it went", [&] { fs::create_directory_symlink(elsewhere, place); }, false},
     };
+    EXPECT_FALSE(Bookmarks::shared().create(*Url::parse("https://example.org/"), 0));
     fs::create_directory(place);
     const Url url = Url::fromPath(place);
     auto bookmark = Bookmarks::shared().create(url, 0);
@@ -44,21 +45,6 @@ TEST(Bookmarks, LeadBackToTheSameEntryOnly)
         // What has gone is still known by the last one.
         if (fs::exists(place)) bookmark = Bookmarks::shared().create(url, 0);
     }
-}
-
-TEST(Bookmarks, NoneIsMadeOfNothingAndNoneIsReadFromOtherBytes)
-{
-    const Tests::TemporaryDirectory root;
-    EXPECT_FALSE(Bookmarks::shared().create(Url::fromPath(root / "missing"), 0));
-    EXPECT_FALSE(Bookmarks::shared().create(*Url::parse("https://example.org/"), 0));
-    const auto whole = Bookmarks::shared().create(root.url(), 0);
-    ASSERT_TRUE(whole);
-    for (std::size_t length = 0; length < whole->size(); ++length) {
-        const PropertyList::Data cut(whole->begin(), whole->begin() + static_cast<long>(length));
-        EXPECT_FALSE(Bookmarks::shared().resolve(cut, 0)) << length;
-    }
-    EXPECT_TRUE(Bookmarks::shared().startAccessing(root.url()));
-    EXPECT_FALSE(Bookmarks::shared().startAccessing(Url::fromPath(root / "missing")));
 }
 
 }  // namespace

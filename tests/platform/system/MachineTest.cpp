@@ -36,11 +36,6 @@ protected:
     }
 };
 
-std::ptrdiff_t threadCount()
-{
-    return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
-}
-
 std::string number(std::uint32_t value)
 {
     return {reinterpret_cast<const char*>(&value), sizeof value};
@@ -50,13 +45,7 @@ std::string number(std::uint32_t value)
 
 TEST_F(MachineTest, VariablesHaveTheShapeOfTheirKindOrAreAbsent)
 {
-    struct Case {
-        const char* file;
-        std::string content;
-        const char* variable;
-        std::optional<std::string> bytes;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::string, const char*, std::optional<std::string>> cases[] = {
         {"sys/class/dmi/id/product_name", "Workstation 9\n", "hw.model", "Workstation 9\0"s},
         {"proc/device-tree/model", "Board\0"s, "hw.model", "Board\0"s},
         {"proc/cpuinfo", "model names : no\nmodel name\t: \nmodel name :Fast @ 3\n" + std::string(3 << 20, 'y'),
@@ -69,13 +58,13 @@ TEST_F(MachineTest, VariablesHaveTheShapeOfTheirKindOrAreAbsent)
         {"proc/stat", "btime soon\n", "kern.boottime", std::nullopt},
         {"proc/stat", "", "no.such.variable", std::nullopt},
     };
-    for (const Case& item : cases) {
-        SCOPED_TRACE(item.content + " -> " + item.variable);
+    for (const auto& [file, content, variable, bytes] : cases) {
+        SCOPED_TRACE(content.substr(0, 40) + " -> " + variable);
         const Tests::TemporaryDirectory machine;
         const Tests::ReplacedSystemRoots only(machine.path());
-        EXPECT_EQ(Kernel::shared().variable(item.variable), std::nullopt);  // nothing there yet
-        machine.write(item.file, item.content);
-        EXPECT_EQ(Kernel::shared().variable(item.variable), item.bytes);
+        EXPECT_EQ(Kernel::shared().variable(variable), std::nullopt);  // nothing there yet
+        machine.write(file, content);
+        EXPECT_EQ(Kernel::shared().variable(variable), bytes);
     }
 }
 
@@ -133,6 +122,7 @@ TEST_F(MachineTest, ASensorThatBlocksLeavesTheOthersToAnswer)
     ASSERT_EQ(::mkfifo(stuck.c_str(), 0600), 0);
 
     EXPECT_EQ(ProcessInfo::shared().thermalState(), ThermalState::serious);
+    const auto threadCount = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {}); };
     const auto threads = threadCount();
     for (int i = 0; i < 20; ++i) EXPECT_EQ(ProcessInfo::shared().thermalState(), ThermalState::serious);
     EXPECT_LT(threadCount(), threads + 10);  // one waits, however often it is asked

@@ -27,8 +27,8 @@ inline bool drip(HttpConnection& connection)
 // The pages that the network's tests fetch, good and bad.
 //
 //     /status/404    that status              /echo       the request, a field a line
-//     /redirect/3    three steps to /echo     /loop       for ever
-//     /file          to a file of this machine /cookie     sets one
+//     /redirect/3    three steps to /echo     /cookie     sets one
+//     /file          to a file of this machine
 //     /chunked /gzip /bad-gzip                bodies in forms
 //     /drip          a line, a byte at a time /silent     nothing, ever
 //     /half /garbage /closed                  no proper response
@@ -42,7 +42,6 @@ inline bool testSite(const HttpRequest& request, HttpConnection& connection)
         const char* headerLines;
     };
     static const std::map<std::string_view, Page> pages = {
-        {"/loop", {302, "", "Location: /loop\r\n"}},
         {"/file", {302, "", "Location: file:///etc/hostname\r\n"}},
         {"/cookie", {200, "", "Set-Cookie: taste=sweet\r\n"}},
         {"/gzip",
