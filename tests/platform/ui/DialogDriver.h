@@ -26,8 +26,6 @@ public:
     }
     ~DialogDriver() { timer_->invalidate(); }
 
-    std::size_t stepsLeft() const { return steps_.size(); }
-
 private:
     class Present final : public Platform::DialogAudience {
         bool isPresent() const override { return true; }

@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/runtime/Shared.h"
-#include "platform/ui/DesktopAppearance.h"
 #include "platform/ui/views/Button.h"
 #include "platform/ui/views/View.h"
 #include "tests/platform/ui/Pixels.h"
+#include "tests/support/Chosen.h"
 
 using namespace Platform;
 
@@ -78,33 +77,27 @@ TEST_F(Constraints, FollowTheSuperviewAndTheConstant)
     EXPECT_EQ(child->frame().minX(), 150);
 }
 
-TEST_F(Constraints, EndWhenTheViewLeavesAndHoldNobody)
+TEST_F(Constraints, EndWithTheSuperviewAndHoldNobody)
 {
     const auto constraint = child->topAnchor().constraintEqualTo(parent->topAnchor());
     const auto own = child->widthAnchor().constraintEqualToConstant(9);
     LayoutConstraint::activate({constraint, own});
-    EXPECT_EQ(parent->constraints().size(), 1u);
     child->removeFromSuperview();
-    EXPECT_FALSE(constraint->isActive());
     EXPECT_TRUE(own->isActive());
     EXPECT_TRUE(parent->constraints().empty());
     constraint->setActive(true);
-    EXPECT_FALSE(constraint->isActive());
-    std::weak_ptr<View> weak = parent;
+    EXPECT_FALSE(constraint->isActive()) << "there is no view that holds both";
+
+    parent->addSubview(child);
+    constraint->setActive(true);
+    EXPECT_TRUE(constraint->isActive());
+    const std::weak_ptr<View> weak = parent;
     parent.reset();
     EXPECT_TRUE(weak.expired());
-    constraint->setConstant(3);
-}
-
-TEST_F(Constraints, SurviveTheSuperviewsEnd)
-{
-    const auto constraint = child->topAnchor().constraintEqualTo(parent->topAnchor());
-    constraint->setActive(true);
-    parent.reset();
     EXPECT_EQ(child->superview(), nullptr);
     EXPECT_FALSE(constraint->isActive());
-    child->removeFromSuperview();
     child->layoutSubtreeIfNeeded();
+    constraint->setConstant(3);
     constraint->setActive(true);
     EXPECT_FALSE(constraint->isActive());
 }
@@ -123,52 +116,15 @@ TEST(ViewTree, KeepsOrderAndOneSuperview)
     root->setSubviews({b, a, b});
     EXPECT_EQ(root->subviews(), (Views{b, a}));
     EXPECT_EQ(c->superview(), nullptr);
-    other->addSubview(a);
-    EXPECT_EQ(root->subviews(), Views{b});
-    root->setSubviews({a, c, b});
-    root->addSubview(a, ViewPosition::below, root->subviews()[2]);
-    EXPECT_EQ(root->subviews(), (Views{c, a, b}));
     other->setSubviews(root->subviews());
-    EXPECT_EQ(other->subviews(), (Views{c, a, b}));
+    EXPECT_EQ(other->subviews(), (Views{b, a}));
     EXPECT_TRUE(root->subviews().empty());
     root->addSubview(b);
+    EXPECT_EQ(other->subviews(), Views{a});
     b->addSubview(root);
-    EXPECT_EQ(root->superview(), nullptr);
+    EXPECT_EQ(root->superview(), nullptr) << "no view lies in itself";
     b->addSubview(b);
     EXPECT_TRUE(b->subviews().empty());
-}
-
-class FakeDesktopAppearance final : public DesktopAppearance {
-public:
-    Appearance appearance() const override { return Appearance(isDark ? Appearance::darkAqua : Appearance::aqua); }
-    Subscription observe(std::function<void()> observer) override
-    {
-        changed = std::move(observer);
-        return Subscription([this] { changed = nullptr; });
-    }
-    bool isDark = false;
-    std::function<void()> changed;
-};
-
-TEST(ViewAppearance, IsInheritedAndObserved)
-{
-    auto desktop = std::make_shared<FakeDesktopAppearance>();
-    const Shared<DesktopAppearance>::Override replaced(desktop);
-    const auto root = std::make_shared<View>(), leaf = std::make_shared<View>();
-    root->addSubview(leaf);
-    int calls = 0;
-    Subscription once = leaf->observeEffectiveAppearance([&] { ++calls; });
-    desktop->isDark = true;
-    desktop->changed();
-    EXPECT_EQ(leaf->effectiveAppearance().name(), Appearance::darkAqua);
-    EXPECT_EQ(calls, 1);
-    root->setAppearance(Appearance(Appearance::highContrastDarkAqua));
-    EXPECT_EQ(leaf->effectiveAppearance().name(), Appearance::highContrastDarkAqua);
-    EXPECT_EQ(calls, 2);
-    once.cancel();
-    once.cancel();
-    root->setAppearance({});
-    EXPECT_EQ(calls, 2);
 }
 
 class Filled final : public View {
@@ -186,7 +142,7 @@ TEST(ViewDrawing, ShowsLayersContentAndSubviewsForItsAppearance)
     const auto root = std::make_shared<Filled>(Rect::of(9, 9, 4, 2)),
                child = std::make_shared<Filled>(Rect::of(1, 0, 1, 9));
     const auto hidden = std::make_shared<Filled>(Rect::of(0, 0, 4, 2));
-    child->setAppearance(Appearance(Appearance::darkAqua));
+    child->setAppearance(Appearance(Appearance::highContrastDarkAqua));
     hidden->setHidden(true);
     root->setSubviews({child, hidden});
     constexpr std::uint32_t k = 0xff000000, w = 0xffffffff;
@@ -198,45 +154,29 @@ TEST(ViewDrawing, ShowsLayersContentAndSubviewsForItsAppearance)
     EXPECT_EQ(Tests::rowsOf(layered->rendered()), (Tests::Rows{{0xffff0000, 0xffff0000}}));
 }
 
-struct Receiver final : Responder {
-    void clicked() { ++clicks; }
-    void clickedBy(ActionSender& sender) { lastTag = sender.tag(); }
-    int clicks = 0;
-    long lastTag = 0;
-};
-
-TEST(Button, CallsItsTargetOnceWhileItLives)
+TEST(Button, CallsItsTargetWhileItLivesAndIsEnabled)
 {
-    auto receiver = std::make_shared<Receiver>();
+    auto target = std::make_shared<Tests::Chosen>();
     const auto root = std::make_shared<View>(Rect::of(0, 0, 50, 50));
     const auto button = std::make_shared<Button>(Rect::of(10, 10, 20, 20));
     root->addSubview(button);
-    button->setTarget(receiver);
-    button->setAction(&Receiver::clicked);
+    button->setTarget(target);
+    button->setAction(&Tests::Chosen::choose);
     button->setTag(7);
-    const auto click = [&](double x, double y) {
-        if (const ViewRef view = root->hitTest({x, y})) view->mouseUp({});
-    };
-    click(15, 15);
-    click(5, 5);
-    click(500, 5);
-    EXPECT_EQ(receiver->clicks, 1);
-    button->setAction(&Receiver::clickedBy);
-    button->performClick();
-    EXPECT_EQ(receiver->lastTag, 7);
+    for (const Point& place : {Point{15, 15}, {5, 5}, {500, 5}}) {
+        if (const ViewRef view = root->hitTest(place)) view->mouseUp({});
+    }
     button->setEnabled(false);
-    button->setAction(&Receiver::clicked);
     button->performClick();
-    EXPECT_EQ(receiver->clicks, 1);
+    EXPECT_EQ(target->tags, std::vector{7L});
     button->setEnabled(true);
-    receiver.reset();
+    target.reset();
     button->performClick();
 }
 
 TEST(Button, AsksForRoomForImageAndTitleAndTintsTemplates)
 {
     const auto button = std::make_shared<Button>();
-    EXPECT_EQ(button->intrinsicContentSize(), Size{});
     const auto image = Tests::plainImage(16, 16, 0xff0000ff);
     image->setTemplate(true);
     button->setImage(image);
@@ -247,10 +187,7 @@ TEST(Button, AsksForRoomForImageAndTitleAndTintsTemplates)
     button->setTitle("");
     button->setAppearance(Appearance(Appearance::darkAqua));
     button->setFrame({{}, picture});
-    const std::uint32_t middle = button->rendered()->bitmap()->pixel(12, 8);
-    EXPECT_NEAR(int(middle >> 24), 217, 1);
-    EXPECT_GT(middle & 0xff, 200u);
-    EXPECT_GT(middle >> 16 & 0xff, 200u);
+    EXPECT_EQ(button->rendered()->bitmap()->pixel(12, 8), 0xd8d8d8d8) << "white in place of blue";
 }
 
 }  // namespace
