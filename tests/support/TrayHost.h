@@ -49,7 +49,6 @@ public:
         std::optional<Platform::Result<Message>> result;
         bus_->call(call, std::chrono::seconds(5), [&](Platform::Result<Message> reply) { result = std::move(reply); });
         eventually([&] { return result.has_value(); });
-        lastError = result && !*result ? result->error().reason : "";
         return result && *result ? result->value() : Message();
     }
     template <typename... Arguments>
@@ -75,12 +74,6 @@ public:
         Message value = property(name, "s");
         return value ? value.readText().value_or("no text") : "no value";
     }
-    bool truth(const char* name)
-    {
-        Message value = property(name, "b");
-        int truth = 0;
-        return value && sd_bus_message_read(value.get(), "b", &truth) > 0 && truth;
-    }
 
     struct Pixmap {
         int width = 0, height = 0;
@@ -104,8 +97,6 @@ public:
         }
         return pixmap;
     }
-
-    std::string lastError;
 
 private:
     Message accept(Message call)
