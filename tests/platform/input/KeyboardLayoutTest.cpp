@@ -7,46 +7,24 @@
 namespace {
 
 using namespace Platform;
-using Tests::runOnDisplay;
 
-TEST(KeyboardLayout, AnsiTableTellsLettersFromKeysThatWriteNothingAndFromNoKeys)
+TEST(KeyboardLayout, FollowsTheActiveLayoutOfTheDisplayAndIsAnsiOnceThatIsGone)
 {
-    const AnsiKeyboardLayout layout;
-    EXPECT_EQ(layout.character(50), "`");
-    EXPECT_EQ(layout.character(122), "");
-    EXPECT_EQ(layout.character(200), std::nullopt);
-}
-
-TEST(KeyboardLayout, FollowsTheActiveLayoutOfTheDisplay)
-{
-    const Tests::Display display;
+    std::optional<Tests::Display> display{std::in_place};
     const auto layout = X11KeyboardLayout::open();
     ASSERT_TRUE(layout);
-    const struct {
-        const char* name;
-        std::uint16_t keyCode;
-        std::optional<std::string> text;
-    } cases[] = {
-        {"us", 0, "a"},  {"us", 16, "y"},        {"us", 41, ";"},   {"us", 122, ""},   {"us", 63, std::nullopt},
-        {"de", 16, "z"}, {"de", 33, "ü"},        {"de", 24, "´"},   {"fr", 0, "q"},    {"fr", 18, "&"},
-        {"fr", 33, "^"}, {"us(dvorak)", 1, "o"}, {"us,ru", 0, "a"}, {"ru,fr", 0, "q"}, {"ru", 0, "a"},
-    };
-    for (const auto& one : cases) {
-        ASSERT_EQ(runOnDisplay({"setxkbmap", one.name}), 0);
-        EXPECT_EQ(layout->character(one.keyCode), one.text) << one.name << ' ' << one.keyCode;
+    const std::tuple<const char*, std::uint16_t, std::optional<std::string>> cases[] = {
+        {"us", 0, "a"},  {"us", 16, "y"},        {"us", 41, ";"},   {"us", 122, ""}, {"us", 63, std::nullopt},
+        {"de", 16, "z"}, {"de", 33, "ü"},        {"de", 24, "´"},   {"fr", 0, "q"},  {"fr", 18, "&"},
+        {"fr", 33, "^"}, {"us(dvorak)", 1, "o"}, {"us,ru", 0, "a"}, {"ru", 0, "a"},  {"ru,fr", 0, "q"}};
+    for (const auto& [name, keyCode, text] : cases) {
+        ASSERT_EQ(Tests::runOnDisplay({"setxkbmap", name}), 0);
+        EXPECT_EQ(layout->character(keyCode), text) << name << ' ' << keyCode;
     }
-}
-
-TEST(KeyboardLayout, WritesUsAnsiOnceTheDisplayIsGone)
-{
-    std::unique_ptr<X11KeyboardLayout> layout;
-    {
-        const Tests::Display display;
-        layout = X11KeyboardLayout::open();
-        ASSERT_EQ(runOnDisplay({"setxkbmap", "fr"}), 0);
-        EXPECT_EQ(layout->character(0), "q");
-    }
-    EXPECT_EQ(layout->character(0), "a");
+    display.reset();
+    const std::tuple<std::uint16_t, std::optional<std::string>> ansi[] = {
+        {0, "a"}, {50, "`"}, {122, ""}, {200, std::nullopt}};
+    for (const auto& [keyCode, text] : ansi) EXPECT_EQ(layout->character(keyCode), text) << keyCode;
     EXPECT_EQ(X11KeyboardLayout::open(), nullptr);
 }
 
