@@ -1,4 +1,3 @@
-#include <sstream>
 #include <unordered_set>
 
 #include <gtest/gtest.h>
@@ -61,35 +60,23 @@ TEST_F(HotkeyTest, ConvertsTheFourModifiersAndDropsAllOthers)
         EXPECT_EQ(modifierFlags(mask | 0x400 | 0xE000), flags);
         EXPECT_EQ(Hotkey("x", Key::a, flags).modifiers(), flags);
     }
-    std::ostringstream printed;
-    printed << (ModifierFlags::command | ModifierFlags::control | ModifierFlags::help);
-    EXPECT_EQ(printed.str(), "⌃⌘");
 }
 
 TEST_F(HotkeyTest, IsOneValueWithItsLabelAndBothTables)
 {
     const Hotkey plain(std::nullopt, Key::a, ModifierFlags::command);
-    std::vector<Hotkey> others{Hotkey("a", Key::a, ModifierFlags::command),
-                               Hotkey(std::nullopt, Key::b, ModifierFlags::command),
-                               Hotkey(std::nullopt, Key::a, ModifierFlags::shift),
-                               plain,
-                               plain,
-                               plain};
+    std::vector<Hotkey> others(5, plain);
+    others[0] = Hotkey("a", Key::a, ModifierFlags::command);
+    others[1] = Hotkey(std::nullopt, Key::b, ModifierFlags::command);
+    others[2] = Hotkey(std::nullopt, Key::a, ModifierFlags::shift);
     others[3].keyToCharacterMapping()[Key::a] = "Anfang";
     others[4].keyToKeyEquivalentString()[Key::a] = "x";
-    others[5].keyToCharacterMapping().erase(Key::f1);
 
     EXPECT_EQ(others[3].description(), "⌘ANFANG");
     EXPECT_EQ(others[3].keyEquivalent(), "");
-    std::unordered_set<std::size_t> hashes{std::hash<Hotkey>()(plain)};
-    for (const Hotkey& other : others) {
-        EXPECT_NE(other, plain);
-        hashes.insert(std::hash<Hotkey>()(other));
-    }
-    EXPECT_EQ(hashes.size(), others.size() + 1);
-    EXPECT_EQ(std::hash<Hotkey>()(Hotkey(0, 0x100)), std::hash<Hotkey>()(plain));
-    EXPECT_EQ(plain.keyToCharacterMapping().size(), 35U);
-    EXPECT_EQ(plain.keyToKeyEquivalentString().size(), 21U);
+    std::unordered_set<Hotkey> all(others.begin(), others.end());
+    all.insert({plain, Hotkey(0, 0x100)});
+    EXPECT_EQ(all.size(), 6U);
 }
 
 }  // namespace

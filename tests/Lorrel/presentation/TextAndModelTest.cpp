@@ -28,19 +28,10 @@ TEST(ImageAttachment, IsCentredOnTheCapitals)
     const Font font = Font::system(13);
     const ImageAttachment attachment(image, font);
     EXPECT_EQ(attachment.bounds(), ImageAttachment::bounds({3, 50}, font.capHeight()));
-    EXPECT_EQ(attachment.image(), image);
-    const ImageAttachment bare(image, std::nullopt);
-    EXPECT_EQ(bare.bounds(), Rect{});
-    EXPECT_EQ(bare.image(), image);
-    EXPECT_EQ(ImageAttachment(attachment.archive()).bounds(), attachment.bounds());
-}
-
-void expectLook(const TextAttributes& look, const Font& font, const Color& color, TextAlignment alignment)
-{
-    ASSERT_EQ(look.size(), 3u);
-    EXPECT_EQ(std::get<Font>(look.at("NSFont")), font);
-    EXPECT_EQ(std::get<Color>(look.at("NSColor")), color);
-    EXPECT_EQ(std::get<std::shared_ptr<ParagraphStyle>>(look.at("NSParagraphStyle"))->alignment, alignment);
+    EXPECT_EQ(ImageAttachment(image, std::nullopt).bounds(), Rect{});
+    const ImageAttachment copy(attachment.archive());
+    EXPECT_EQ(copy.bounds(), attachment.bounds());
+    EXPECT_EQ(Tests::rowsOf(copy.image()), Tests::rowsOf(image));
 }
 
 TEST(TextUtilities, AttributesHaveExactlyThreeEntries)
@@ -48,18 +39,23 @@ TEST(TextUtilities, AttributesHaveExactlyThreeEntries)
     const Color color = Color::calibratedRGB(0.1, 0.2, 0.3), label = Color::labelColor();
     const Font plain = Font::system(9), bold = Font::boldSystem(9), other = Font::named("DejaVu Serif", 5);
     using enum TextAlignment;
-    expectLook(TextUtilities::attributes(color, right, 9), plain, color, right);
-    expectLook(TextUtilities::attributes(color, 9), plain, color, center);
-    expectLook(TextUtilities::attributes(left, color, true, 9), bold, color, left);
-    expectLook(TextUtilities::attributes(justified, 9), plain, label, justified);
-    expectLook(TextUtilities::attributes(other, color, left), other, color, left);
-    expectLook(TextUtilities::attributes(other, color), other, color, center);
-    expectLook(TextUtilities::attributes(true, right, 9), bold, label, right);
-    expectLook(TextUtilities::attributes(9), plain, label, center);
-    const auto first = TextUtilities::attributes(9), second = TextUtilities::attributes(9);
-    EXPECT_NE(first, second);
-    EXPECT_EQ(*std::get<std::shared_ptr<ParagraphStyle>>(first.at("NSParagraphStyle")),
-              *std::get<std::shared_ptr<ParagraphStyle>>(second.at("NSParagraphStyle")));
+    const std::tuple<TextAttributes, Font, Color, TextAlignment> cases[] = {
+        {TextUtilities::attributes(color, right, 9), plain, color, right},
+        {TextUtilities::attributes(color, 9), plain, color, center},
+        {TextUtilities::attributes(left, color, true, 9), bold, color, left},
+        {TextUtilities::attributes(justified, 9), plain, label, justified},
+        {TextUtilities::attributes(other, color, left), other, color, left},
+        {TextUtilities::attributes(other, color), other, color, center},
+        {TextUtilities::attributes(true, right, 9), bold, label, right},
+        {TextUtilities::attributes(9), plain, label, center}};
+    int row = 0;
+    for (const auto& [look, font, ink, alignment] : cases) {
+        SCOPED_TRACE(row++);
+        ASSERT_EQ(look.size(), 3u);
+        EXPECT_EQ(std::get<Font>(look.at("NSFont")), font);
+        EXPECT_EQ(std::get<Color>(look.at("NSColor")), ink);
+        EXPECT_EQ(std::get<std::shared_ptr<ParagraphStyle>>(look.at("NSParagraphStyle"))->alignment, alignment);
+    }
 }
 
 TEST(TextUtilities, MeasureTextsAndNothing)
@@ -73,19 +69,13 @@ TEST(TextUtilities, MeasureTextsAndNothing)
 
 TEST(TextUtilities, FlagMovesEveryCharacter)
 {
-    const struct {
-        std::string code, flag;
-    } cases[] = {
-        {"DE", "\U0001F1E9\U0001F1EA"},
-        {"de", "\U0001F209\U0001F20A"},
-        {"\xc3\xa9", "\U0001F28E"},  // é
-        {"\xf4\x8f\xbf\xbf"
-         "A",
-         "\U0001F1E6"},               // leads out of Unicode
+    const std::pair<std::string, std::string> cases[] = {
+        {"DE", "\U0001F1E9\U0001F1EA"}, {"de", "\U0001F209\U0001F20A"}, {"é", "\U0001F28E"},
+        {"\xf4\x8f\xbf\xbf", ""},     // leads out of Unicode
         {"A\xff\xc3", "\U0001F1E6"},  // no UTF-8
         {"\xed\xa0\x80", ""},         // half a surrogate
     };
-    for (const auto& each : cases) EXPECT_EQ(TextUtilities::flag(each.code), each.flag) << each.code;
+    for (const auto& [code, flag] : cases) EXPECT_EQ(TextUtilities::flag(code), flag) << code;
 }
 
 TEST(SideBar, GroupsKeepOrderAndRemoveByIdentity)
@@ -94,20 +84,15 @@ TEST(SideBar, GroupsKeepOrderAndRemoveByIdentity)
     const auto icon = Tests::plainImage(1, 1, 1);
     group.addItem("Same", nullptr);
     group.addItem("Same", icon, 42);
-    const auto item = std::make_shared<Lorrel::SideBarItem>("Other", icon);
-    group.add(item);
-    group.add(group.items()[0]);
-    group.add(item);
+    const auto first = group.items()[0];
+    group.add(first);
     EXPECT_EQ(std::any_cast<int>(group.items()[1]->representedObject()), 42);
-    EXPECT_EQ(group.items()[1]->icon(), icon);
-    EXPECT_FALSE(item->representedObject().has_value());
+    EXPECT_FALSE(first->representedObject().has_value());
     group.remove(std::make_shared<Lorrel::SideBarItem>("Same", icon));
-    EXPECT_EQ(group.items().size(), 5u);
-    group.remove(group.items()[0]);
-    ASSERT_EQ(group.items().size(), 3u);
+    EXPECT_EQ(group.items().size(), 3u);
+    group.remove(first);
+    ASSERT_EQ(group.items().size(), 1u);
     EXPECT_EQ(group.items()[0]->icon(), icon);
-    group.remove(item);
-    EXPECT_EQ(group.items().size(), 1u);
 }
 
 struct MainController final : ViewController {};

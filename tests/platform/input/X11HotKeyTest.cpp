@@ -141,7 +141,6 @@ TEST_F(X11HotKey, WaitsOnceForAServerThatHangsAndGoesOnWithIt)
     EXPECT_TRUE(eventually([&] { return service->registerKey(11, command, {1, 3}).handle.has_value(); }));
     EXPECT_TRUE(OtherClient().grab(positionOfA, XCB_MOD_MASK_4)) << "let go while the server hung";
     EXPECT_TRUE(typeOnce({"Super_L", "56"}));
-    EXPECT_EQ(lastId, 3U);
 }
 
 TEST_F(X11HotKey, MayBeEndedByItsOwnHandler)

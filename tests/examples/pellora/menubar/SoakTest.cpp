@@ -5,9 +5,11 @@
 #include "examples/pellora/MainAppDelegate.h"
 #include "platform/runtime/RunLoop.h"
 #include "tests/examples/pellora/FakeAutoStart.h"
-#include "tests/examples/pellora/menubar/BarWithoutDesktop.h"
+#include "tests/examples/pellora/Machine.h"
 #include "tests/fakes/FakeUserNotificationCenter.h"
 #include "tests/fakes/FakeWorkspace.h"
+#include "tests/fakes/VirtualClock.h"
+#include "tests/support/BarWithoutDesktop.h"
 #include "tests/support/Torture.h"
 
 namespace Pellora {
@@ -60,8 +62,7 @@ struct Soak : testing::Test, Tests::BarWithoutDesktop {
             if (tick % ticksAChange == 0) changeReadings();
             clock->advance(2);
             dispatched += Platform::RunLoop::main().drain();
-            warned += desktop->shown.size();
-            desktop->shown.clear();
+            warned += std::exchange(desktop->shown, {}).size();
         }
     }
     // A host shows the item at each change, and its menu for a while; another
@@ -91,6 +92,8 @@ struct Soak : testing::Test, Tests::BarWithoutDesktop {
         passTicks(ticksAnHour - ticksOpen - 2 * ticksAChange);
     }
 
+    Tests::Machine machine;
+    Tests::ReplacedClock clock;
     Tests::ReplacedWorkspace workspace;
     Tests::ReplacedUserNotificationCenter desktop;
     Settings settings;

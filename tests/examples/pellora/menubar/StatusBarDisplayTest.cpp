@@ -4,7 +4,8 @@
 #include "examples/pellora/menubar/StatusBarDisplay.h"
 #include "platform/ui/Image.h"
 #include "tests/examples/pellora/FakeAutoStart.h"
-#include "tests/examples/pellora/menubar/BarWithoutDesktop.h"
+#include "tests/examples/pellora/Machine.h"
+#include "tests/support/BarWithoutDesktop.h"
 
 namespace Pellora {
 namespace {
@@ -64,6 +65,7 @@ struct StatusBarDisplayTest : testing::Test, Tests::BarWithoutDesktop {
         return found;
     }
 
+    Tests::Machine machine;
     Tests::FakeAutoStart autoStart;
     std::unique_ptr<Monitor> monitor;
     std::shared_ptr<StatusBarDisplay> display;
