@@ -18,19 +18,14 @@ constexpr const char* daemonName = "org.freedesktop.DBus";
 
 Subscription BusConnection::matchRule(const std::string& rule)
 {
-    if (++rules_[rule] == 1 && link_) {
-        if (const auto agreed = addRule(rule)) waitUntil([agreed] { return *agreed; });
-    } else if (!link_ && join()) {
-        if (const auto agreed = start(newDaemonCall("GetId"), UINT64_MAX, nullptr)) {
-            waitUntil([agreed] { return *agreed; });  // answered after all rules, that were sent before
-        }
-    }
-    return ruleKeeper(rule);
+    Subscription keeper = matchRuleSoon(rule);
+    if (const auto agreed = rules_[rule].isAgreed) waitUntil([agreed] { return *agreed; });
+    return keeper;
 }
 
 Subscription BusConnection::matchRuleSoon(const std::string& rule)
 {
-    if (++rules_[rule] == 1 && link_) addRule(rule);
+    if (++rules_[rule].users == 1 && link_) addRule(rule);
     if (!link_) join();
     return ruleKeeper(rule);
 }
@@ -42,21 +37,21 @@ Subscription BusConnection::ruleKeeper(const std::string& rule)
     });
 }
 
-std::shared_ptr<bool> BusConnection::addRule(const std::string& rule)
+void BusConnection::addRule(const std::string& rule)
 {
     BusMessage call = newDaemonCall("AddMatch");
     if (!call || !call.append(rule)) {
         log("session bus: a rule cannot be sent: " + rule);
-        return nullptr;
+        return;
     }
-    return start(call, UINT64_MAX, [rule](const Result<BusMessage>& reply) {
+    rules_[rule].isAgreed = start(call, UINT64_MAX, [rule](const Result<BusMessage>& reply) {
         if (!reply && reply.error().code != ENOTCONN) log("session bus refuses " + rule + ": " + reply.error().reason);
     });
 }
 
 void BusConnection::removeRule(const std::string& rule)
 {
-    if (--rules_[rule] > 0) return;
+    if (--rules_[rule].users > 0) return;
     rules_.erase(rule);
     BusMessage call = newDaemonCall("RemoveMatch");
     if (!call || !call.append(rule)) return;
@@ -88,7 +83,7 @@ void BusConnection::send(const BusMessage& message)
     if (!link_ || !message) return;
     const int sent = sd_bus_send(link_->bus(), message.get(), nullptr);
     if (sent < 0) log(Error::fromErrno("sd_bus_send", message.member(), -sent).message());
-    isBacklogged_ = isReady_ && link_->hasUnsent();
+    if (isReady_ && link_->hasUnsent()) isBacklogged_ = true;
 }
 
 void BusConnection::call(const BusMessage& message, std::chrono::nanoseconds deadline, Completion completion)

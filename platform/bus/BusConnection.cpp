@@ -64,7 +64,7 @@ void BusConnection::attach(std::unique_ptr<BusLink> link)
     watchedEvents_ = link_->events();
     watch_ = loop_.watch(link_->descriptor(), watchedEvents_, [this](std::uint32_t) { process(); });
     hook_ = loop_.beforeSleep([this] { prepareToSleep(); });
-    for (const auto& [rule, count] : rules_) addRule(rule);
+    for (const auto& entry : rules_) addRule(entry.first);
 }
 
 // The library's pending replies end with the link; ours get their error.

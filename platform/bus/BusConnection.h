@@ -75,6 +75,10 @@ public:
 private:
     struct PendingCall;
     struct Handler;
+    struct Rule {
+        int users = 0;
+        std::shared_ptr<bool> isAgreed;  // the bus has answered for this link
+    };
     enum class Occasion { none, joined, lost, drained };
     struct Arrival {
         BusMessage message;
@@ -98,7 +102,7 @@ private:
     bool waitUntil(const std::function<bool()>& isDone);
     bool pump(const std::function<bool()>& isDone, std::chrono::nanoseconds timeout);
 
-    std::shared_ptr<bool> addRule(const std::string& rule);
+    void addRule(const std::string& rule);
     void removeRule(const std::string& rule);
     Subscription ruleKeeper(const std::string& rule);
     BusMessage newDaemonCall(const char* member);
@@ -128,7 +132,7 @@ private:
     bool isBacklogged_ = false;
     std::function<bool()> unmet_;  // the wait that ended without success
 
-    std::map<std::string, int> rules_;
+    std::map<std::string, Rule> rules_;
     std::vector<std::shared_ptr<Handler>> handlers_;
     std::list<std::unique_ptr<PendingCall>> pending_;
     std::deque<Arrival> arrivals_;
