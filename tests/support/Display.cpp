@@ -10,9 +10,8 @@ namespace {
 
 ChildProcess startServer(const std::string& screen)
 {
-    ChildProcess::Options options;
-    options.streams = ChildProcess::Streams::output;
-    return ChildProcess({"Xvfb", "-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp", "-noreset"}, options);
+    return ChildProcess({"Xvfb", "-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp", "-noreset"},
+                        {.streams = ChildStreams::output});
 }
 
 // The server prints its number once it accepts connections.

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdlib>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace Tests {
 
@@ -11,13 +13,22 @@ namespace Tests {
 class EnvironmentVariable {
 public:
     // Without a value the variable is unset.
-    EnvironmentVariable(std::string name, const std::optional<std::string>& value);
+    EnvironmentVariable(std::string name, const std::optional<std::string>& value) : name_(std::move(name))
+    {
+        if (const char* current = std::getenv(name_.c_str())) previous_ = current;
+        assign(value);
+    }
     EnvironmentVariable(const EnvironmentVariable&) = delete;
     EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
-    ~EnvironmentVariable();
+    ~EnvironmentVariable() { assign(previous_); }
 
 private:
-    std::string name_;
+    void assign(const std::optional<std::string>& value) const
+    {
+        value ? ::setenv(name_.c_str(), value->c_str(), 1) : ::unsetenv(name_.c_str());
+    }
+
+    const std::string name_;
     std::optional<std::string> previous_;
 };
 

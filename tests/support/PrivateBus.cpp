@@ -11,12 +11,12 @@ namespace {
 
 // The limits are those of a desktop's session bus; a bus type's own defaults
 // would cut bursts short.
-constexpr const char* configuration =
-    R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig>
+std::string configurationFor(const std::string& address)
+{
+    return R"(<busconfig>
   <type>session</type>
-  <listen>ADDRESS</listen>
+  <listen>)" +
+           address + R"(</listen>
   <auth>EXTERNAL</auth>
   <policy context="default">
     <allow send_destination="*" eavesdrop="true"/>
@@ -31,12 +31,6 @@ constexpr const char* configuration =
   <limit name="max_match_rules_per_connection">50000</limit>
 </busconfig>
 )";
-
-std::string configurationFor(const std::string& address)
-{
-    std::string text = configuration;
-    const std::string mark = "ADDRESS";
-    return text.replace(text.find(mark), mark.size(), address);
 }
 
 }  // namespace
@@ -56,11 +50,9 @@ void PrivateBus::stop()
 void PrivateBus::start()
 {
     if (daemon_) return;
-    ChildProcess::Options options;
-    options.streams = ChildProcess::Streams::output;
-    daemon_.emplace(std::vector<std::string>{"dbus-daemon", "--nofork", "--nopidfile", "--print-address=1",
-                                             "--config-file=" + folder_ / "bus.conf"},
-                    options);
+    const std::vector<std::string> command{"dbus-daemon", "--nofork", "--nopidfile", "--print-address=1",
+                                           "--config-file=" + folder_ / "bus.conf"};
+    daemon_.emplace(command, ChildOptions{.streams = ChildStreams::output});
     // The daemon prints its address once it listens.
     if (!daemon_->readLine()) throw std::runtime_error("dbus-daemon did not start on " + address_);
 }

@@ -14,32 +14,23 @@ const std::string built = BUILT_RESOURCES;
 // A program of the libraries, moved to a folder of its own.
 class ResourcePlaces : public testing::Test {
 protected:
-    void place(const std::string& folder, const std::string& library)
+    void place(const std::string& folder, const std::vector<std::string>& libraries = {"Fennick", "Lorrel"})
     {
-        const std::string name = library + "_" + library + ".bundle";
         fs::create_directories(root / folder);
-        fs::copy(built + "/" + name, root / (folder + "/" + name), fs::copy_options::recursive);
-    }
-    void place(const std::string& folder)
-    {
-        for (const char* library : {"Fennick", "Lorrel"}) place(folder, library);
+        for (const std::string& library : libraries) {
+            const std::string name = '/' + library + '_' + library + ".bundle";
+            fs::copy(built + name, root / (folder + name), fs::copy_options::recursive);
+        }
     }
 
-    // Of the program, put there first where it is not.
-    std::string outputOf(const std::string& program)
-    {
-        fs::create_directories(fs::path(root / program).parent_path());
-        fs::copy(RESOURCE_PROBE, root / program, fs::copy_options::skip_existing);
-        return outputAt(root / program);
-    }
-    static std::string outputAt(const std::string& program)
+    static std::string outputOf(const std::string& program)
     {
         return Tests::ChildProcess({program}, {.streams = Tests::ChildStreams::outputAndErrors}).readAll();
     }
 
-    std::string found(const std::string& folder) const
+    static std::string foundIn(const std::string& folder)
     {
-        return root / (folder + "Fennick_Fennick.bundle\n") + root / (folder + "Lorrel_Lorrel.bundle\n");
+        return folder + "/Fennick_Fennick.bundle\n" + folder + "/Lorrel_Lorrel.bundle\n";
     }
 
     Tests::TemporaryDirectory root;
@@ -47,31 +38,31 @@ protected:
 
 }  // namespace
 
-TEST_F(ResourcePlaces, ComeInTheirOrder)
+TEST_F(ResourcePlaces, ComeInTheirOrderInABundleAnInstallTreeAFolderAndTheBuildTree)
 {
-    place("a/App.app");
-    EXPECT_EQ(outputOf("a/App.app/Contents/MacOS/app"), found("a/App.app/"));
-    place("share/pellora");
-    EXPECT_EQ(outputOf("a/App.app/Contents/MacOS/app"), found("share/pellora/"));
-    place("a/App.app/Contents/Resources");
-    EXPECT_EQ(outputOf("a/App.app/Contents/MacOS/app"), found("a/App.app/Contents/Resources/"));
-}
-
-TEST_F(ResourcePlaces, ServeTheBuildTreeAnInstallTreeAndAProgramBesideThem)
-{
-    EXPECT_EQ(outputAt(RESOURCE_PROBE), built + "/Fennick_Fennick.bundle\n" + built + "/Lorrel_Lorrel.bundle\n");
-    place("usr/share/pellora");
-    EXPECT_EQ(outputOf("usr/bin/probe"), found("usr/share/pellora/"));
-    place("alone");
-    EXPECT_EQ(outputOf("alone/probe"), found("alone/"));
+    const std::pair<const char*, const char*> cases[] = {
+        {"a/App.app", "a/App.app/Contents/MacOS/app"},
+        {"share/pellora", "a/App.app/Contents/MacOS/app"},
+        {"a/App.app/Contents/Resources", "a/App.app/Contents/MacOS/app"},
+        {"usr/share/pellora", "usr/bin/probe"},
+        {"b/alone", "b/alone/probe"},
+    };
+    for (const auto& [folder, program] : cases) {
+        place(folder);
+        fs::create_directories(fs::path(root / program).parent_path());
+        fs::copy(RESOURCE_PROBE, root / program, fs::copy_options::skip_existing);
+        EXPECT_EQ(outputOf(root / program), foundIn(root / folder)) << folder;
+    }
+    EXPECT_EQ(outputOf(RESOURCE_PROBE), foundIn(built));
 }
 
 TEST_F(ResourcePlaces, EndAProgramThatHasNone)
 {
-    EXPECT_EQ(outputOf("probe"),
+    fs::copy(RESOURCE_PROBE, root / "probe");
+    EXPECT_EQ(outputOf(root / "probe"),
               "Fennick/resource_bundle_accessor: Fatal error: unable to find bundle named Fennick_Fennick\n");
-    place(".", "Fennick");
-    EXPECT_EQ(outputOf("probe"),
+    place(".", {"Fennick"});
+    EXPECT_EQ(outputOf(root / "probe"),
               root / "Fennick_Fennick.bundle\n" +
                   "Lorrel/resource_bundle_accessor: Fatal error: unable to find bundle named Lorrel_Lorrel\n");
 }

@@ -8,16 +8,12 @@ using namespace Platform;
 
 namespace {
 
-enum class Content { text, noise, zeros };
-
-Data made(std::size_t size, Content content)
+// So many random bytes of so many values: one that packs to nothing, a text's few, or all, which do not pack.
+Data made(std::size_t size, unsigned values)
 {
     std::mt19937 random(static_cast<unsigned>(size));
     Data bytes(size);
-    for (auto& byte : bytes) {
-        const auto next = static_cast<std::uint8_t>(random());
-        byte = content == Content::zeros ? 0 : content == Content::noise ? next : "etaoin shrdlu"[next % 13];
-    }
+    for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random() % values);
     return bytes;
 }
 
@@ -26,11 +22,10 @@ Data made(std::size_t size, Content content)
 TEST(Deflate, ComesBackWholeAtEverySizeAroundAChunkAndUpToItsCap)
 {
     for (const std::size_t size : {1, 64, 65, 65'535, 65'536, 65'537, 400'001, 5'000'000}) {
-        for (const Content content : {Content::text, Content::noise, Content::zeros}) {
-            const Data bytes = made(size, content);
+        for (const unsigned values : {1U, 13U, 256U}) {
+            const Data bytes = made(size, values);
             const auto stream = deflate(bytes);
             ASSERT_TRUE(stream) << size;
-            EXPECT_EQ(inflate(*stream, Wrapper::none), bytes) << size;
             EXPECT_EQ(inflate(*stream, Wrapper::none, size), bytes) << size;
             EXPECT_FALSE(inflate(*stream, Wrapper::none, size - 1)) << size;
         }
@@ -39,7 +34,7 @@ TEST(Deflate, ComesBackWholeAtEverySizeAroundAChunkAndUpToItsCap)
 
 TEST(Inflate, AnswersAbsenceForEveryCutAndForDamage)
 {
-    const Data stream = *deflate(made(3'000, Content::text));
+    const Data stream = *deflate(made(3'000, 13));
     for (std::size_t length = 0; length < stream.size(); ++length) {
         EXPECT_FALSE(inflate(DataView(stream).first(length), Wrapper::none)) << length;
     }

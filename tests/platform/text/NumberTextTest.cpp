@@ -1,5 +1,4 @@
 #include <cmath>
-#include <limits>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -14,8 +13,6 @@ using namespace Platform;
 using Tests::ReplacedEnvironment;
 
 namespace {
-
-constexpr const char* testedLocales[] = {"en_US", "de_DE", "fr_FR", "ar_EG", "hi_IN", "en_US_POSIX", "sv_SE", "fa_IR"};
 
 NumberStyle fixed(int digits)
 {
@@ -55,49 +52,11 @@ TEST(CurrentLocale, ComesFromTheFirstVariableThatIsSetAndNotEmpty)
     }
 }
 
-TEST(NumberText, FollowsTheLocaleAndTheStyle)
-{
-    struct Row {
-        const char* locale;
-        Number number;
-        NumberStyle style;
-        const char* expected;
-    };
-    const NumberStyle grouped{0, 0, Rounding::halfEven, true};
-    const double infinity = std::numeric_limits<double>::infinity();
-    for (const Row& row : {
-             Row{"en_US", 3.14159, fixed(2), "3.14"},
-             Row{"en_US", -2.999, fixed(2), "-2.99"},
-             Row{"en_US", 5, fixed(2), "5.00"},
-             Row{"en_US", 2.3, fixed(2), "2.30"},
-             Row{"en_US", 12.25, upTo(1), "12.2"},
-             Row{"en_US", 12.35, upTo(1), "12.4"},
-             Row{"en_US", 12.0, upTo(1), "12"},
-             Row{"en_US", 0.05, upTo(2), "0.05"},
-             Row{"en_US", -0.001, fixed(2), "-0.00"},
-             Row{"en_US", infinity, fixed(1), "∞"},
-             Row{"en_US", -std::nan(""), fixed(1), "NaN"},
-             Row{"de_DE", 1234.5, fixed(2), "1234,50"},
-             Row{"ar_EG", 12.5, fixed(1), "١٢٫٥"},
-             Row{"en_US", 1234567, grouped, "1,234,567"},
-             Row{"hi_IN", 1234567, grouped, "12,34,567"},
-             Row{"en_US", std::numeric_limits<unsigned long>::max(), upTo(2), "18446744073709551615"},
-             Row{"en_US", std::numeric_limits<long>::min(), upTo(0), "-9223372036854775808"},
-         }) {
-        ReplacedEnvironment environment;
-        environment->set("LC_ALL", row.locale);
-        EXPECT_EQ(numberText(row.number, row.style), row.expected) << row.locale;
-    }
-    EXPECT_EQ(numberText(1.5, fixed(1000)), std::nullopt);
-    EXPECT_EQ(numberText(1.5, {2, 1, Rounding::halfEven, false}), std::nullopt);
-    EXPECT_EQ(numberText(0.5, fixed(999)).value().size(), 1001U);
-}
-
 TEST(NumberText, ArithmeticWritesWhatTheLibraryWrites)
 {
     std::mt19937_64 random(Tests::seedOf(20240229));
     const long numbers = Tests::atLength("numbers of each kind", 1500);
-    for (const char* locale : testedLocales) {
+    for (const char* locale : {"en_US", "de_DE", "fr_FR", "ar_EG", "hi_IN", "en_US_POSIX", "sv_SE", "fa_IR"}) {
         for (const NumberStyle& style : {fixed(0), fixed(1), fixed(2), fixed(6), fixed(14), upTo(1), upTo(2), upTo(5),
                                          NumberStyle{1, 3, Rounding::halfEven, false}}) {
             const NumberFormatter formatter(locale, style);

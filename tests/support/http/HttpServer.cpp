@@ -1,5 +1,6 @@
 #include "tests/support/http/HttpServer.h"
 
+#include <sstream>
 #include <stdexcept>
 
 #include <arpa/inet.h>
@@ -19,18 +20,16 @@ std::optional<HttpRequest> takeRequest(std::string& bytes)
     if (end == std::string::npos) return std::nullopt;
     HttpRequest request;
     std::size_t size = 0;
-    const std::size_t first = bytes.find("\r\n");
-    const std::string line = bytes.substr(0, first);
-    request.method = line.substr(0, line.find(' '));
-    request.target = line.substr(line.find(' ') + 1, line.rfind(' ') - line.find(' ') - 1);
-    for (std::size_t at = first + 2; at < end + 2;) {
-        const std::size_t next = bytes.find("\r\n", at);
-        const std::string field = bytes.substr(at, next - at);
-        const std::size_t colon = field.find(':');
-        const std::size_t value = std::min(field.find_first_not_of(' ', colon + 1), field.size());
-        const auto& header = request.headers.emplace_back(field.substr(0, colon), field.substr(value));
+    std::istringstream head(bytes.substr(0, end + 2));
+    std::string line;
+    head >> request.method >> request.target;
+    std::getline(head, line);
+    while (std::getline(head, line)) {
+        line.pop_back();  // the carriage return
+        const std::size_t colon = line.find(':');
+        const std::size_t value = std::min(line.find_first_not_of(' ', colon + 1), line.size());
+        const auto& header = request.headers.emplace_back(line.substr(0, colon), line.substr(value));
         if (header.first == "Content-Length") size = std::stoul(header.second);
-        at = next + 2;
     }
     if (bytes.size() < end + 4 + size) return std::nullopt;
     request.body = bytes.substr(end + 4, size);
