@@ -33,10 +33,9 @@ TEST(DurationTexts, FollowTheLayoutOfTheirSize)
 
 TEST(StopwatchText, ShowsThousandthsAndHoursOnlyWhenThereAreAny)
 {
-    const std::pair<std::uint64_t, const char*> cases[] = {
-        {61'234'999'999, "01:01.234"},
-        {3'599'999'999'999, "59:59.999"},
-        {3'600'000'000'000, "01:00:00.000"},
-        {UINT64_MAX, "5124095:34:33.709"}};
+    const std::pair<std::uint64_t, const char*> cases[] = {{61'234'999'999, "01:01.234"},
+                                                           {3'599'999'999'999, "59:59.999"},
+                                                           {3'600'000'000'000, "01:00:00.000"},
+                                                           {UINT64_MAX, "5124095:34:33.709"}};
     for (const auto& [nanoseconds, text] : cases) EXPECT_EQ(TimeUtilities::stopwatchText(nanoseconds), text);
 }

@@ -10,7 +10,7 @@ TEST(Version, OrdersFromTheFirstToTheLast)
 {
     const char* const ascending[] = {"",       "-1",   ".5",   "0",   "0.9",  "1",      "1.", "1.0",    "1.0.0", "1.2",
                                      "1.2-rc", "1.2a", "1.2b", "1.9", "1.10", "1.10.1", "2",  "2 beta", "9.9",   "10.0",
-                                     "A",      "a",    "a1",   "a2b", "a10a", "é",      "１", "😀", "\xff"};
+                                     "A",      "a",    "a1",   "a2b", "a10a", "é",      "１", "😀",      "\xff"};
     for (std::size_t i = 0; i < std::size(ascending); ++i) {
         for (std::size_t j = 0; j < std::size(ascending); ++j) {
             const Version a(ascending[i]);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <algorithm>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -26,9 +26,9 @@ public:
     // How many messages contain the text.
     std::size_t count(std::string_view text) const
     {
-        std::lock_guard lock(mutex_);
-        const auto holdsText = [&](const std::string& message) { return message.find(text) != std::string::npos; };
-        return static_cast<std::size_t>(std::count_if(messages_.begin(), messages_.end(), holdsText));
+        std::size_t count = 0;
+        for (const std::string& message : messages()) count += message.find(text) != std::string::npos;
+        return count;
     }
     void clear()
     {

@@ -31,17 +31,13 @@ inline std::string_view textOf(const std::uint8_t* data, std::size_t size)
     return {reinterpret_cast<const char*>(data), size};
 }
 
-[[noreturn]] inline void endForBroken(const char* what)
-{
-    std::fprintf(stderr, "does not hold: %s\n", what);
-    std::abort();
-}
-
-// Called with what should have held.
-inline void (*broken)(const char* what) = &endForBroken;
+// An answer without memory may be any.
+inline bool isStarving = false;
 
 // What must hold for every input.
 inline void require(bool holds, const char* what)
 {
-    if (!holds) broken(what);
+    if (holds || isStarving) return;
+    std::fprintf(stderr, "does not hold: %s\n", what);
+    std::abort();
 }

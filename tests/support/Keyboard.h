@@ -11,17 +11,15 @@ inline int runOnDisplay(const std::vector<std::string>& command)
 }
 
 // Keys by symbol ("Super_L") or by the display's number ("38").
-inline int pressKeys(const std::vector<std::string>& keys)
+inline int pressKeys(const std::vector<std::string>& keys, const char* change = "keydown")
 {
     std::vector<std::string> command{"xdotool"};
-    for (const auto& key : keys) command.insert(command.end(), {"keydown", key});
+    for (const auto& key : keys) command.insert(command.end(), {change, key});
     return runOnDisplay(command);
 }
 inline int releaseKeys(const std::vector<std::string>& keys)
 {
-    std::vector<std::string> command{"xdotool"};
-    for (const auto& key : keys) command.insert(command.end(), {"keyup", key});
-    return runOnDisplay(command);
+    return pressKeys(keys, "keyup");
 }
 
 }  // namespace Tests

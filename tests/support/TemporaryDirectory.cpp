@@ -7,24 +7,11 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "tests/support/ChildProcess.h"
+
 namespace Tests {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-// A folder that may not be searched hides what is below it, so each is opened
-// before its entries are asked for.
-void giveBackPermissions(const fs::path& folder)
-{
-    std::error_code ignored;
-    fs::permissions(folder, fs::perms::owner_all, fs::perm_options::add, ignored);
-    for (fs::directory_iterator entry(folder, ignored), end; !ignored && entry != end; entry.increment(ignored)) {
-        if (entry->symlink_status(ignored).type() == fs::file_type::directory) giveBackPermissions(entry->path());
-    }
-}
-
-}  // namespace
 
 TemporaryDirectory::TemporaryDirectory()
 {
@@ -38,7 +25,7 @@ TemporaryDirectory::~TemporaryDirectory()
     std::error_code failure;
     fs::remove_all(path_, failure);
     if (!failure) return;
-    giveBackPermissions(path_);
+    ChildProcess({"chmod", "-R", "u+rwx", path_}).wait();
     fs::remove_all(path_, failure);
 }
 

@@ -13,46 +13,38 @@ using namespace std::chrono_literals;
 
 namespace {
 
-std::string key(unsigned at)
-{
-    return "key " + std::to_string(at % 16);
-}
-
-// What each of the threads does over and over, in its own way at each step.
-std::vector<std::function<void(DataStore&, unsigned)>> trades()
-{
-    return {
-        [](DataStore& store, unsigned step) { store.set(static_cast<int>(step), key(step)); },
-        [](DataStore& store, unsigned step) { store.increment(0.5, key(step)); },
-        [](DataStore& store, unsigned step) { store.add(std::make_shared<NumberIdentifier>(key(step))); },
-        [](DataStore& store, unsigned step) { step % 5 ? store.remove(key(step)) : store.removeAll(); },
-        [](DataStore& store, unsigned step) {
-            DataStore other;
-            other.add(std::make_shared<StringIdentifier>("text", "Text", "t"));
-            other.add(std::make_shared<WrappedIdentifier>("alias", "Alias", key(step)));
-            other.add(std::make_shared<NumberIdentifier>(key(step)));
-            store.merge(other);
-        },
-        [](DataStore& store, unsigned step) {
-            store.setHistorySize(step % 100);
-            store.setString("text", static_cast<long>(step), "text");
-        },
-        [](DataStore& store, unsigned step) {
-            store.stringFor(key(step));
-            store.stringFor("alias");
-            store.historyAs<double>(key(step));
-            store.minFor("text");
-            for (const auto& [name, identifier] : store.data()) EXPECT_EQ(identifier->identifier(), name);
-        },
-        [](DataStore& store, unsigned step) {
-            if (const auto number = store.identifierAs<NumberIdentifier>(key(step))) {
-                number->set(std::optional<float>());
-                const auto highest = number->max();  // the smallest is stored first
-                EXPECT_TRUE(!highest || number->min());
-            }
-        },
-    };
-}
+// What each of the threads does over and over, with the key of each step.
+const std::function<void(DataStore&, const std::string& key, unsigned step)> trades[] = {
+    [](DataStore& store, const std::string& key, unsigned step) { store.set(static_cast<int>(step), key); },
+    [](DataStore& store, const std::string& key, unsigned) { store.increment(0.5, key); },
+    [](DataStore& store, const std::string& key, unsigned) { store.add(std::make_shared<NumberIdentifier>(key)); },
+    [](DataStore& store, const std::string& key, unsigned step) { step % 5 ? store.remove(key) : store.removeAll(); },
+    [](DataStore& store, const std::string& key, unsigned) {
+        DataStore other;
+        other.add(std::make_shared<StringIdentifier>("text", "Text", "t"));
+        other.add(std::make_shared<WrappedIdentifier>("alias", "Alias", key));
+        other.add(std::make_shared<NumberIdentifier>(key));
+        store.merge(other);
+    },
+    [](DataStore& store, const std::string&, unsigned step) {
+        store.setHistorySize(step % 100);
+        store.setString("text", static_cast<long>(step), "text");
+    },
+    [](DataStore& store, const std::string& key, unsigned) {
+        store.stringFor(key);
+        store.stringFor("alias");
+        store.historyAs<double>(key);
+        store.minFor("text");
+        for (const auto& [name, identifier] : store.data()) EXPECT_EQ(identifier->identifier(), name);
+    },
+    [](DataStore& store, const std::string& key, unsigned) {
+        const auto number = store.identifierAs<NumberIdentifier>(key);
+        if (!number) return;
+        number->set(std::optional<float>());
+        const auto highest = number->max();  // the smallest is stored first
+        EXPECT_TRUE(!highest || number->min());
+    },
+};
 
 }  // namespace
 
@@ -60,13 +52,13 @@ TEST(DataStoreOnManyThreads, StaysWholeUnderEveryTradeAtOnce)
 {
     DataStore store;
     const auto end = std::chrono::steady_clock::now() + 2s * Tests::atLength("turns of 2 s", 1);
-    {
-        std::vector<std::jthread> threads;
-        for (const auto& trade : trades()) {
-            threads.emplace_back([&store, end, trade] {
-                for (unsigned step = 0; std::chrono::steady_clock::now() < end; ++step) trade(store, step);
-            });
-        }
+    std::vector<std::jthread> threads;
+    for (const auto& trade : trades) {
+        threads.emplace_back([&] {
+            for (unsigned step = 0; std::chrono::steady_clock::now() < end; ++step) {
+                trade(store, "key " + std::to_string(step % 16), step);
+            }
+        });
     }
 }
 

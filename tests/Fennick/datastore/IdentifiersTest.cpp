@@ -5,7 +5,6 @@
 
 #include "Fennick/datastore/NumberIdentifier.h"
 #include "Fennick/datastore/StringIdentifier.h"
-#include "Fennick/datastore/WrappedIdentifier.h"
 #include "tests/fakes/FakeEnvironment.h"
 
 using namespace Fennick;
@@ -129,13 +128,4 @@ TEST(StringIdentifier, KeepsANumberBehindItsText)
     EXPECT_EQ(doubles({*counted.value(), *counted.min(), *counted.max()}), (std::vector<double>{6, 4.5, 6}));
     counted.setHistorySize(2);
     EXPECT_EQ(doubles(counted.history()), (std::vector<double>{0, 0}));
-}
-
-TEST(WrappedIdentifier, MayNotBeAskedItself)
-{
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    const WrappedIdentifier alias("alias", "Name", "target");
-    EXPECT_DEATH(alias.value(),
-                 "Fennick/WrappedIdentifier: Fatal error: Use IDataStore to get value of wrapped identifier.");
-    EXPECT_DEATH(alias.description(), "Use IDataStore to get string of wrapped identifier.");
 }

@@ -66,48 +66,33 @@ TEST(Images, NamedOnesComeFromTheApplicationsResources)
     EXPECT_DEATH(Fennick::Images::image("other"), "Fennick/Images: Fatal error");
 }
 
-class LayerImages : public testing::Test {
-protected:
-    LayerImages()
-    {
-        layer.setFrame(Rect::of(5, 7, 4.9, 3));
-        layer.setBackgroundColor(Color::calibratedRGB(0, 1, 0));
-        const auto part = std::make_shared<Layer>();
-        part->setFrame(Rect::of(1, 1, 2, 9));
-        part->setBackgroundColor(Color::calibratedRGB(0, 0, 1, 0.5));
-        layer.addSublayer(part);
-    }
-    Layer layer;
-};
-
-TEST_F(LayerImages, SnapshotShowsTheLayerAtItsFrameSizeWhereABitmapCanHaveIt)
+TEST(LayerImages, ShowTheLayerAtItsFrameSizeAndTheColorOfOnePixel)
 {
     constexpr std::uint32_t g = 0xff00ff00, m = 0xff007f80;
+    Layer layer;
+    layer.setFrame(Rect::of(5, 7, 4.9, 3));
+    layer.setBackgroundColor(Color::calibratedRGB(0, 1, 0));
+    const auto part = std::make_shared<Layer>();
+    part->setFrame(Rect::of(1, 1, 2, 9));
+    part->setBackgroundColor(Color::calibratedRGB(0, 0, 1, 0.5));
+    layer.addSublayer(part);
     const auto image = Fennick::snapshot(layer);
     EXPECT_EQ(image->size(), (Size{4.9, 3}));
     EXPECT_EQ(Tests::rowsOf(image), (Tests::Rows{{g, g, g, g}, {g, m, m, g}, {g, m, m, g}}));
+    EXPECT_EQ(Fennick::color(layer, 2, 2), Color::deviceRGB(0, 0x7f / 255.0, 0x80 / 255.0, 1));
+    for (const double x : {-1.0, 5.0, std::nan(""), 1e300}) EXPECT_EQ(Fennick::color(layer, x, 0).alpha(), 0) << x;
+
+    layer.setFrame(Rect::of(0, 0, 20, 20));
+    layer.setCornerRadius(10);
+    layer.setBackgroundColor({});
+    part->setFrame(Rect::of(0, 0, 20, 20));
+    EXPECT_NE(Fennick::color(layer, 1, 1).alpha(), 0);
+    layer.setMasksToBounds(true);
+    EXPECT_EQ(Fennick::color(layer, 1, 1).alpha(), 0);
     layer.setFrame(Rect::of(0, 0, 0, 4));
     EXPECT_FALSE(Fennick::snapshot(layer)->bitmap());
     layer.setFrame(Rect::of(0, 0, 1e7, 4));
     EXPECT_DEATH(Fennick::snapshot(layer), "Fennick/Layer: Fatal error: The layer's frame");
-}
-
-TEST_F(LayerImages, MaskingKeepsSublayersInsideTheCorners)
-{
-    layer.setBackgroundColor({});
-    layer.setFrame(Rect::of(0, 0, 20, 20));
-    layer.setCornerRadius(10);
-    layer.sublayers()[0]->setFrame(Rect::of(0, 0, 20, 20));
-    EXPECT_NE(Fennick::color(layer, 1, 1).alpha(), 0);
-    layer.setMasksToBounds(true);
-    EXPECT_EQ(Fennick::color(layer, 1, 1).alpha(), 0);
-}
-
-TEST_F(LayerImages, ColorsAreThoseOfOnePixel)
-{
-    EXPECT_EQ(Fennick::color(layer, 0, 0), Color::deviceRGB(0, 1, 0, 1));
-    EXPECT_EQ(Fennick::color(layer, 2, 2), Color::deviceRGB(0, 0x7f / 255.0, 0x80 / 255.0, 1));
-    for (const double x : {-1.0, 5.0, std::nan(""), 1e300}) EXPECT_EQ(Fennick::color(layer, x, 0).alpha(), 0) << x;
 }
 
 }  // namespace

@@ -1,5 +1,3 @@
-#include <regex>
-
 #include <gtest/gtest.h>
 
 #include "Fennick/notifications/Notifications.h"
@@ -27,13 +25,13 @@ TEST(Notifications, MayNotifyWhenAuthorizedAndShown)
             center->current = {status, style};
             center->shown.clear();
             std::optional<bool> can;
-            int completions = 0;
+            unsigned completions = 0;
             Notifications::canNotify([&](bool flag) { can = flag; });
             Notifications::send("t", "b", [&](const auto& error) { completions += error ? 100 : 1; });
             const bool isAuthorized = static_cast<int>(status) >= 2;
             EXPECT_EQ(can, isAuthorized && style != AlertStyle::none);
-            EXPECT_EQ(completions, isAuthorized ? 1 : 0);
-            EXPECT_EQ(center->shown.size(), isAuthorized ? 1u : 0u);
+            EXPECT_EQ(completions, isAuthorized);
+            EXPECT_EQ(center->shown.size(), completions);
         }
     }
 }
@@ -44,9 +42,6 @@ TEST(Notifications, SendsEachUnderAnIdentifierOfItsOwn)
     for (int count = 0; count < 2; ++count) Notifications::send("title", "body");
     const auto& first = center->shown.at(0);
     EXPECT_EQ(first.content.title + " " + first.content.body, "title body");
-    EXPECT_TRUE(first.content.hasDefaultSound);
-    const std::regex uuid("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}");
-    EXPECT_TRUE(std::regex_match(first.identifier, uuid)) << first.identifier;
     EXPECT_NE(first.identifier, center->shown.at(1).identifier);
 }
 
@@ -64,25 +59,6 @@ TEST(Notifications, PassesAuthorizationAndErrorsOn)
     Notifications::requestAuthorization(note);
     Notifications::requestAuthorization();
     EXPECT_EQ(answers, (std::vector<std::string>{"yes", "no", "connect"}));
-    EXPECT_EQ(center->requestedOptions, 7u);
-}
-
-TEST(Notifications, ObserversHearNamesFromTheSendersTheyChose)
-{
-    struct Listener {
-        int heard = 0;
-        void hear() { ++heard; }
-    };
-    const auto any = std::make_shared<Listener>();
-    const auto one = std::make_shared<Listener>();
-    Notifications::addObserver(any, &Listener::hear, "tick");
-    Notifications::addObserver(one, &Listener::hear, "tick", any);
-    Notifications::post("tick");
-    Notifications::post(Notifications::Name("tick"), any);
-    EXPECT_EQ(any->heard * 10 + one->heard, 21);
-    Notifications::removeObserver(any, "tick");
-    Notifications::post("tick");
-    EXPECT_EQ(any->heard, 2);
 }
 
 class CountingPrompt final : public Platform::ReviewPrompt {

@@ -4,24 +4,22 @@
 #include <gtest/gtest.h>
 
 #include "platform/text/Locale.h"
-#include "platform/text/NumberText.h"
 #include "platform/text/internal/NumberFormatter.h"
 #include "tests/fakes/FakeEnvironment.h"
 #include "tests/support/Torture.h"
 
 using namespace Platform;
-using Tests::ReplacedEnvironment;
 
 namespace {
 
-NumberStyle fixed(int digits)
+NumberStyle fixed(std::int16_t digits)
 {
-    return {static_cast<std::int16_t>(digits), static_cast<std::int16_t>(digits), Rounding::towardZero, false};
+    return {digits, digits, Rounding::towardZero, false};
 }
 
-NumberStyle upTo(int digits)
+NumberStyle upTo(std::int16_t digits)
 {
-    return {0, static_cast<std::int16_t>(digits), Rounding::halfEven, false};
+    return {0, digits, Rounding::halfEven, false};
 }
 
 // Numbers of every size, and those that sit on or beside a decimal, a half and a whole.
@@ -44,7 +42,7 @@ TEST(CurrentLocale, ComesFromTheFirstVariableThatIsSetAndNotEmpty)
                                                {"", "", "", "en_US_POSIX"},
                                                {"C.UTF-8", "fr_FR", "fr_FR", "en_US_POSIX"}};
     for (const auto& [all, messages, lang, expected] : rows) {
-        ReplacedEnvironment environment;
+        Tests::ReplacedEnvironment environment;
         environment->set("LC_ALL", all);
         environment->set("LC_MESSAGES", messages);
         environment->set("LANG", lang);

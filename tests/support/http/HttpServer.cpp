@@ -4,7 +4,6 @@
 #include <stdexcept>
 
 #include <arpa/inet.h>
-#include <netinet/tcp.h>
 #include <openssl/ssl.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -108,7 +107,6 @@ HttpServer::HttpServer(Handler handler, const TlsIdentity* identity)
 
 HttpServer::~HttpServer()
 {
-    isStopping_ = true;
     ::shutdown(listener_.get(), SHUT_RDWR);
     acceptor_.join();
     for (const auto& socket : sockets_) socket->shutDown();
@@ -123,11 +121,9 @@ std::string HttpServer::url(std::string_view path) const
 
 void HttpServer::accept()
 {
-    while (!isStopping_) {
+    for (;;) {
         Platform::FileDescriptor descriptor(::accept4(listener_.get(), nullptr, nullptr, SOCK_CLOEXEC));
-        if (!descriptor) continue;
-        const int yes = 1;
-        ::setsockopt(descriptor.get(), IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
+        if (!descriptor) return;  // shut down
         ++accepted_;
         auto& socket = *sockets_.emplace_back(std::make_unique<Socket>(std::move(descriptor)));
         threads_.emplace_back([this, &socket] {

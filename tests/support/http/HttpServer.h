@@ -53,7 +53,6 @@ private:
     Platform::FileDescriptor listener_;
     int port_ = 0;
     std::atomic<int> accepted_ = 0;
-    std::atomic<bool> isStopping_ = false;
     std::list<std::unique_ptr<Socket>> sockets_;
     std::vector<std::thread> threads_;
     std::thread acceptor_;

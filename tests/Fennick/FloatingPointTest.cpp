@@ -3,9 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Fennick/Day.h"
 #include "Fennick/FloatingPoint.h"
-#include "Fennick/Month.h"
 
 using namespace Fennick;
 
@@ -30,11 +28,4 @@ TEST(Rounded, FollowsTheProductOrTheRule)
     EXPECT_TRUE(isInvalid(rounded(1.0, 0.0, up)));
     EXPECT_TRUE(isInvalid(-std::numeric_limits<float>::infinity()));
     EXPECT_FALSE(isInvalid(std::numeric_limits<double>::max()));
-}
-
-TEST(DaysAndMonths, ComeFromTheirNumbersOnly)
-{
-    EXPECT_EQ(dayFromRawValue(1), Day::sunday);
-    EXPECT_EQ(monthFromRawValue(12), Month::december);
-    EXPECT_FALSE(dayFromRawValue(0) || dayFromRawValue(8) || monthFromRawValue(0) || monthFromRawValue(13));
 }
