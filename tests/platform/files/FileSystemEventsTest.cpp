@@ -64,11 +64,14 @@ TEST_F(FileSystemEventsTest, WatchEndsInsideItsOwnCallOrAfterTheServiceAndOthers
     int calls = 0;
     int otherCalls = 0;
     Subscription first;
+    Subscription third;
     first = watch(list, [&](FileEvents) {
         ++calls;
         first.cancel();
+        third.cancel();
     });
     Subscription second = watch(list, [&](FileEvents) { ++otherCalls; });
+    third = watch(list, [](FileEvents) { ADD_FAILURE() << "the first had ended it"; });
     for (const char* name : {"one", "two"}) {
         folder.write(name, "");
         RunLoop::main().drain();
