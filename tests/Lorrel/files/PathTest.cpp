@@ -103,7 +103,6 @@ TEST(DirectoryUrl, EachFolderHasItsPlace)
         {Directory::appleMapsCache, "/Users/alice/Library/Containers/com.apple.Maps"},
     };
     for (const auto& [directory, path] : rows) EXPECT_EQ(url(directory).path(), path);
-    EXPECT_TRUE(url(Directory::trash).hasDirectoryPath());
     environment->setHome("/root");
     EXPECT_EQ(url(Directory::user), Url::fromPath("/Users/al", true));
     environment->setHome("/home/ada");

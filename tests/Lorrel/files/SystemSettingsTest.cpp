@@ -21,7 +21,6 @@ struct FixedVersion final : Platform::OperatingSystemVersion {
     int major() const override { return major_; }
     int major_;
 };
-using ReplacedVersion = Tests::Replaced<Platform::OperatingSystemVersion, FixedVersion>;
 
 class SystemSettingsTest : public testing::Test {
 protected:
@@ -40,7 +39,7 @@ TEST_F(SystemSettingsTest, PagesAreAddressesFromThirteenOnAndPanesBefore)
 {
     Texts pictures;
     for (const int major : {13, 12}) {
-        const ReplacedVersion version(major);
+        const Tests::Replaced<Platform::OperatingSystemVersion, FixedVersion> version(major);
         SystemSettings::open();
         for (const auto page :
              {SystemSettingsPage::privacy, SystemSettingsPage::sharing, SystemSettingsPage::fullDiskAccess}) {
