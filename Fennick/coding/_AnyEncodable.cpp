@@ -55,7 +55,7 @@ private:
             case Kind::null:
                 return sink_.null();
             case Kind::boolean:
-                return sink_.boolean(*value.asBool());
+                return sink_.boolean(value.load<std::int64_t>() != 0);
             case Kind::int8:
             case Kind::int16:
             case Kind::int32:

@@ -24,6 +24,20 @@ inline std::uint64_t load(const char* text)
     return word;
 }
 
+// Up to seven bytes; those behind them are NUL.
+inline std::uint64_t loadFew(const char* text, std::size_t size)
+{
+    if (size >= 4) {
+        std::uint32_t low;
+        std::uint32_t high;
+        std::memcpy(&low, text, sizeof low);
+        std::memcpy(&high, text + size - 4, sizeof high);
+        return low | static_cast<std::uint64_t>(high) << (size - 4) * 8;
+    }
+    const auto byte = [&](std::size_t at) { return std::uint64_t{static_cast<unsigned char>(text[at])} << at * 8; };
+    return size == 0 ? 0 : byte(0) | byte(size / 2) | byte(size - 1);
+}
+
 constexpr std::uint64_t equalTo(std::uint64_t word, char wanted)
 {
     const std::uint64_t difference = word ^ (ones * static_cast<unsigned char>(wanted));
@@ -40,7 +54,7 @@ constexpr std::uint64_t nonAscii(std::uint64_t word)
     return word & highs;
 }
 
-// The place of the first marked byte; `marks` is not 0.
+// The place of the first marked byte; 8 when none is.
 constexpr std::size_t first(std::uint64_t marks)
 {
     return static_cast<std::size_t>(std::countr_zero(marks)) / 8;

@@ -24,6 +24,7 @@ constexpr std::size_t longestEscape = 6;
 JsonWriter::JsonWriter(const JSONEncoder& options, std::string& target)
     : target_(target), dateStrategy_(options.dateStrategy), isPretty_(options.format == JSONEncoder::Format::pretty)
 {
+    levels_[0] = {};
     grow(chunk);
 }
 
@@ -179,32 +180,34 @@ bool JsonWriter::quoted(std::string_view text)
             text.remove_prefix(1);
         }
     }
-    ensure(numberSpace);
     put('"');
     return true;
 }
 
-// Copies what needs no care, in words of eight bytes; how much that was.
+// Copies what needs no care; how much that was.
 std::size_t JsonWriter::copyPlain(std::string_view text, std::uint64_t highBits)
 {
-    std::size_t at = 0;
-    for (; at + 8 <= text.size(); at += 8) {
-        const std::uint64_t bytes = ByteScan::load(text.data() + at);
-        const std::uint64_t marks = ByteScan::equalTo(bytes, '"') | ByteScan::equalTo(bytes, '\\') |
-                                    ByteScan::controls(bytes) | (bytes & highBits);
-        std::memcpy(cursor_, &bytes, sizeof bytes);
-        if (marks != 0) {
-            cursor_ += ByteScan::first(marks);
-            return at + ByteScan::first(marks);
-        }
-        cursor_ += 8;
+    constexpr std::size_t word = 8;
+    if (text.size() < word) return copyPlain(ByteScan::loadFew(text.data(), text.size()), highBits);
+    for (std::size_t at = 0;;) {
+        const std::size_t copied = copyPlain(ByteScan::load(text.data() + at), highBits);
+        at += copied;
+        if (copied < word || at == text.size()) return at;
+        const std::size_t rest = text.size() - at;
+        if (rest >= word) continue;
+        at -= word - rest;  // the last word begins with bytes that are copied already
+        cursor_ -= word - rest;
     }
-    for (; at < text.size(); ++at) {
-        const auto byte = static_cast<unsigned char>(text[at]);
-        if (byte < 0x20 || byte == '"' || byte == '\\' || (byte & highBits) != 0) break;
-        put(text[at]);
-    }
-    return at;
+}
+
+// The same for one word. A NUL needs care, so it ends a shorter text.
+std::size_t JsonWriter::copyPlain(std::uint64_t bytes, std::uint64_t highBits)
+{
+    const std::uint64_t marks =
+        ByteScan::equalTo(bytes, '"') | ByteScan::equalTo(bytes, '\\') | ByteScan::controls(bytes) | (bytes & highBits);
+    std::memcpy(cursor_, &bytes, sizeof bytes);
+    cursor_ += ByteScan::first(marks);
+    return ByteScan::first(marks);
 }
 
 void JsonWriter::escape(char c)

@@ -41,9 +41,9 @@ public:
 
 private:
     struct Level {
-        std::size_t keyAt = 0;  // where the last key's text begins in the text
-        std::size_t count = 0;  // values begun
-        bool isArray = false;
+        std::size_t keyAt;  // where the last key's text begins in the text; 0 before it
+        std::size_t count;  // values begun
+        bool isArray;
     };
 
     std::size_t length() const { return static_cast<std::size_t>(cursor_ - memory_.get()); }
@@ -60,6 +60,7 @@ private:
     void word(std::string_view text);
     bool quoted(std::string_view text);
     std::size_t copyPlain(std::string_view text, std::uint64_t highBits);
+    std::size_t copyPlain(std::uint64_t bytes, std::uint64_t highBits);
     void escape(char c);
     [[noreturn]] void refuseText(std::string_view text) const;
     CodingKey lastKey(const Level& level) const;
