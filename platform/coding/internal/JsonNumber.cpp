@@ -178,7 +178,7 @@ std::optional<JsonNumber> plainNumber(std::string_view text)
     const char* const first = at;
     std::uint64_t digits = 0;
     const auto takeDigits = [&] {
-        for (; at != end && static_cast<unsigned char>(*at - '0') < 10; ++at)
+        for (; static_cast<unsigned char>(*at - '0') < 10; ++at)
             digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
     };
     takeDigits();

@@ -19,6 +19,7 @@ struct JsonNumber {
 
     // Without fraction, and of a value that fits a signed, else an unsigned,
     // word: an integer. Else the nearest double; tooLarge when that is infinite.
+    // A byte that is no digit stands behind the token.
     static JsonNumber parse(std::string_view token);
 
     static JsonNumber ofInteger(std::int64_t value) { return {.kind = Kind::integer, .integer = value}; }

@@ -1,7 +1,8 @@
 #include "platform/coding/internal/JsonReader.h"
 
+#include <cstring>
 #include <memory>
-#include <optional>
+#include <new>
 #include <string>
 
 #include <simdjson.h>
@@ -15,8 +16,6 @@
 namespace Platform {
 
 namespace {
-
-namespace ondemand = simdjson::ondemand;
 
 constexpr std::string_view notJson = "The text is not valid JSON";
 
@@ -32,29 +31,57 @@ std::string_view withoutTrailingSpace(std::string_view token)
     return token;
 }
 
-// One reading: the parser's tokens, converted here and fed to the sink. The
-// parser finds structure and checks UTF-8; what it would convert for us, it
-// would also refuse (an integer past 64 bits).
+// The document's bytes with what the scanner may read behind them.
+class PaddedText {
+public:
+    explicit PaddedText(std::string_view text)
+        : bytes_(std::make_unique_for_overwrite<char[]>(text.size() + simdjson::SIMDJSON_PADDING)), size_(text.size())
+    {
+        text.copy(bytes_.get(), text.size());
+        std::memset(bytes_.get() + text.size(), 0, simdjson::SIMDJSON_PADDING);
+    }
+    const char* data() const { return bytes_.get(); }
+    std::size_t size() const { return size_; }
+
+private:
+    std::unique_ptr<char[]> bytes_;
+    std::size_t size_;
+};
+
+// The next quote or backslash; the scanner has seen that a quote comes.
+const char* nextMark(const char* at)
+{
+    for (;; at += 8) {
+        const std::uint64_t word = ByteScan::load(at);
+        const std::uint64_t marks = ByteScan::equalTo(word, '"') | ByteScan::equalTo(word, '\\');
+        if (marks != 0) return at + ByteScan::first(marks);
+    }
+}
+
+// One reading. The scanner checks UTF-8 and the ends of texts and finds where
+// each bracket, comma, colon, text and word begins; the grammar, numbers and
+// texts are ours (the scanner's own tree would refuse an integer past 64 bits).
 class Reader {
 public:
-    Reader(const simdjson::padded_string& json, ValueSink& sink) : json_(json), sink_(sink) {}
+    Reader(std::string_view json, ValueSink& sink) : text_(json), sink_(sink) {}
 
     void read()
     {
-        ondemand::document document;
-        check(parser_.iterate(json_).get(document));
-        std::string_view token;
-        check(document.raw_json_token().get(token));
-        if (!token.starts_with('[') && !token.starts_with('{')) return rootScalar(token);
-        ondemand::value root;
-        check(document.get_value().get(root));
-        value(root, 1);
-        if (document.current_location().error() != simdjson::OUT_OF_BOUNDS) refuse("there is more behind its end");
+        constexpr std::size_t depthOfItsTree = 1;
+        const auto* fastest = static_cast<const simdjson::implementation*>(simdjson::get_active_implementation());
+        check(fastest->create_dom_parser_implementation(text_.size(), depthOfItsTree, scanner_));
+        const auto* bytes = reinterpret_cast<const std::uint8_t*>(text_.data());
+        check(scanner_->stage1(bytes, text_.size(), simdjson::stage1_mode::regular));
+        next_ = scanner_->structural_indexes.get();
+        end_ = next_ + scanner_->n_structural_indexes;
+        value(1);
+        if (next_ != end_) refuse("there is more behind its end");
     }
 
 private:
     void check(simdjson::error_code error) const
     {
+        if (error == simdjson::MEMALLOC) throw std::bad_alloc();
         if (error != simdjson::SUCCESS) refuse(simdjson::error_message(error));
     }
 
@@ -63,31 +90,26 @@ private:
         throw DecodingError::dataCorrupted(sink_.codingPath(), std::string(notJson) + ": " + std::string(reason) + ".");
     }
 
-    void rootScalar(std::string_view token)
+    // Where the next token begins; behind the last one at the padding's NUL.
+    const char* peek() const { return text_.data() + (next_ != end_ ? *next_ : text_.size()); }
+    const char* take()
     {
-        if (token.data() + token.size() < json_.data() + json_.size()) refuse("there is more behind its end");
-        if (!token.starts_with('"')) return scalar(token);
-        const std::string_view text = takeText(token.data() + 1);
-        const std::size_t behind = static_cast<std::size_t>(textEnd_ - token.data()) + 1;
-        if (!withoutTrailingSpace(token.substr(behind)).empty()) refuse("there is more behind its end");
-        sink_.text(text);
+        if (next_ == end_) refuse("its end is missing");
+        return text_.data() + *next_++;
     }
 
-    void value(ondemand::value& value, int depth)
+    void value(int depth)
     {
-        const std::string_view token = value.raw_json_token();
-        switch (token.front()) {
+        const char* const at = take();
+        switch (*at) {
             case '[':
-                return array(value, depth);
+                return array(depth);
             case '{':
-                return dictionary(value, depth);
-            case '"': {
-                ondemand::raw_json_string raw;
-                check(value.get_raw_json_string().get(raw));
-                return sink_.text(takeText(raw.raw()));
-            }
+                return dictionary(depth);
+            case '"':
+                return sink_.text(takeText(at + 1));
             default:
-                return scalar(token);
+                return scalar({at, peek()});
         }
     }
 
@@ -97,69 +119,68 @@ private:
         throw DecodingError::dataCorrupted(sink_.codingPath(), "The document is nested too deeply.");
     }
 
-    void array(ondemand::value& value, int depth)
+    void array(int depth)
     {
         enter(depth);
-        ondemand::array elements;
-        check(value.get_array().get(elements));
         sink_.beginArray();
-        for (auto&& element : elements) {
-            ondemand::value item;
-            check(std::move(element).get(item));
-            this->value(item, depth + 1);
+        if (*peek() == ']') {
+            take();
+            return sink_.endArray();
         }
+        do {
+            value(depth + 1);
+        } while (goesOn(']'));
         sink_.endArray();
     }
 
-    void dictionary(ondemand::value& value, int depth)
+    void dictionary(int depth)
     {
         enter(depth);
-        ondemand::object members;
-        check(value.get_object().get(members));
         sink_.beginDictionary();
-        for (auto&& member : members) {
-            ondemand::field field;
-            check(std::move(member).get(field));
-            sink_.key(takeText(field.key().raw()));
-            ondemand::value item = field.value();
-            this->value(item, depth + 1);
+        if (*peek() == '}') {
+            take();
+            return sink_.endDictionary();
         }
+        do {
+            member(depth);
+        } while (goesOn('}'));
         sink_.endDictionary();
+    }
+
+    void member(int depth)
+    {
+        const char* const at = take();
+        if (*at != '"') refuse("a key was expected");
+        sink_.key(takeText(at + 1));
+        if (*take() != ':') refuse("a colon was expected");
+        value(depth + 1);
+    }
+
+    // Whether a comma comes, else the closing bracket.
+    bool goesOn(char bracket)
+    {
+        const char mark = *take();
+        if (mark != ',' && mark != bracket) refuse("a comma or a closing bracket was expected");
+        return mark == ',';
     }
 
     // The text from behind its opening quote; valid until the next one.
     std::string_view takeText(const char* start)
     {
-        const char* end = start;
-        for (;; end += 8) {
-            const std::uint64_t word = ByteScan::load(end);
-            const std::uint64_t marks = ByteScan::equalTo(word, '"') | ByteScan::equalTo(word, '\\');
-            if (marks == 0) continue;
-            end += ByteScan::first(marks);
-            break;
-        }
-        if (*end == '"') {
-            textEnd_ = end;
-            return {start, static_cast<std::size_t>(end - start)};
-        }
-        return takeEscapedText(start, end);
-    }
-
-    std::string_view takeEscapedText(const char* start, const char* end)
-    {
-        while (*end != '"') end += *end == '\\' ? 2 : 1;
-        textEnd_ = end;
-        text_.clear();
-        if (!appendUnescaped({start, static_cast<std::size_t>(end - start)}, text_)) {
+        const char* end = nextMark(start);
+        if (*end == '"') return {start, end};
+        while (*end == '\\') end = nextMark(end + 2);
+        unescaped_.clear();
+        if (!appendUnescaped({start, end}, unescaped_)) {
             refuse("a text holds an escape without meaning or half of a surrogate pair");
         }
-        return text_;
+        return unescaped_;
     }
 
     void scalar(std::string_view token)
     {
         token = withoutTrailingSpace(token);
-        switch (token.empty() ? '\0' : token.front()) {
+        switch (token.front()) {
             case 't':
                 return token == "true" ? sink_.boolean(true) : refuse("unknown word");
             case 'f':
@@ -188,19 +209,19 @@ private:
         }
     }
 
-    const simdjson::padded_string& json_;
+    PaddedText text_;
     ValueSink& sink_;
-    ondemand::parser parser_;
-    std::string text_;
-    const char* textEnd_ = nullptr;
+    std::unique_ptr<simdjson::internal::dom_parser_implementation> scanner_;
+    const std::uint32_t* next_ = nullptr;  // places of the tokens that are not taken yet
+    const std::uint32_t* end_ = nullptr;
+    std::string unescaped_;
 };
 
 }  // namespace
 
 void readJson(std::string_view json, ValueSink& sink)
 {
-    const simdjson::padded_string padded(withoutByteOrderMark(json));
-    Reader(padded, sink).read();
+    Reader(withoutByteOrderMark(json), sink).read();
 }
 
 bool isJsonText(std::string_view bytes)
