@@ -1,6 +1,7 @@
 #include "Fennick/coding/AnyDictionary.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <iterator>
 #include <utility>
@@ -30,9 +31,23 @@ bool isSame(const AnyValue& key, std::string_view wanted)
 }
 bool isSame(const AnyValue& key, const AnyValue& wanted)
 {
-    const auto same = AnyValue::compareShortTexts(key, wanted);
-    return same ? *same : key == wanted;
+    return wanted.isShortText() ? key.hasBytesOf(wanted) : key == wanted;
 }
+
+// Which small hashes came.
+class SeenHashes {
+public:
+    // Whether it had come before.
+    bool add(std::uint8_t hash)
+    {
+        std::uint64_t& word = words_[hash / 64];
+        const std::uint64_t bit = std::uint64_t{1} << hash % 64;
+        return (std::exchange(word, word | bit) & bit) != 0;
+    }
+
+private:
+    std::array<std::uint64_t, 4> words_{};
+};
 
 }  // namespace
 
@@ -44,15 +59,15 @@ AnyDictionary::AnyDictionary(std::initializer_list<Entry> entries)
 AnyDictionary AnyDictionary::fromPairs(std::span<AnyValue> keysAndValues)
 {
     AnyDictionary dictionary;
-    dictionary.entries_.reserve(keysAndValues.size() / 2);
-    std::uint64_t seen = 0;
-    for (std::size_t i = 0; i + 1 < keysAndValues.size(); i += 2) {
-        AnyValue& key = keysAndValues[i];
-        AnyValue& value = keysAndValues[i + 1];
-        const std::optional<std::uint64_t> bit = key.shortTextBit();
-        const bool isSurelyNew = bit && !(seen & *bit);
-        seen |= bit.value_or(0);
-        isSurelyNew ? dictionary.append(std::move(key), std::move(value))
+    const std::size_t count = keysAndValues.size() / 2;
+    dictionary.entries_.reserve(count);
+    SeenHashes seen;
+    for (std::size_t i = 0; i < count; ++i) {
+        AnyValue& key = keysAndValues[2 * i];
+        AnyValue& value = keysAndValues[2 * i + 1];
+        const std::optional<std::uint8_t> hash = key.shortTextHash();
+        const bool isSurelyNew = hash && !seen.add(*hash) && count <= fewEntries;
+        isSurelyNew ? dictionary.entries_.push_back({std::move(key), std::move(value)})
                     : dictionary.set(std::move(key), std::move(value));
     }
     return dictionary;

@@ -53,7 +53,7 @@ private:
     void rebuildIndex();
     void index(std::size_t place, std::size_t hash);
 
-    std::vector<Entry> entries_;
+    std::vector<Entry, AnyAllocator<Entry>> entries_;
     std::vector<std::uint32_t> slots_;  // entry numbers from 1, by hash; none while the entries are few
 };
 

@@ -14,9 +14,15 @@ using Platform::Number;
 // What does not fit into the value itself, shared by its copies.
 struct AnyValue::Node {
     explicit Node(Kind ofKind) : kind(ofKind) {}
+    static void* operator new(std::size_t size) { return AnyMemory::take(size); }
+    static void* operator new(std::size_t, void* memory) { return memory; }
+    static void operator delete(void* node) { AnyMemory::give(node); }
 
-    std::atomic<std::size_t> owners{1};
-    Node* nextDying = nullptr;
+    // The next of the dying, kept where the owners were counted: it has none any more.
+    Node* nextDying() const { return reinterpret_cast<Node*>(owners.load(std::memory_order_relaxed)); }
+    void setNextDying(Node* next) { owners.store(reinterpret_cast<std::uintptr_t>(next), std::memory_order_relaxed); }
+
+    std::atomic<std::uintptr_t> owners{1};
     Kind kind;
 };
 
@@ -24,18 +30,12 @@ struct AnyValue::Node {
 struct AnyValue::TextNode : Node {
     static TextNode* make(std::string_view text)
     {
-        auto* node = new (::operator new(sizeof(TextNode) + text.size())) TextNode(text.size());
+        auto* node = new (AnyMemory::take(sizeof(TextNode) + text.size())) TextNode(text.size());
         std::memcpy(node->bytes(), text.data(), text.size());
         return node;
     }
     char* bytes() { return reinterpret_cast<char*>(this + 1); }
     std::string_view text() { return {bytes(), size}; }
-    static void destroy(TextNode* node)
-    {
-        node->~TextNode();
-        ::operator delete(node);
-    }
-
     std::size_t size;
 
 private:
@@ -71,6 +71,27 @@ struct AnyValue::DictionaryNode : Node {
     AnyDictionary members;
 };
 
+namespace {
+
+// Up to 14 bytes, in moves of fixed sizes that may overlap.
+void copyShort(std::string_view text, unsigned char* to)
+{
+    const auto move = [&]<typename Word>(std::size_t at, Word word) {
+        std::memcpy(&word, text.data() + at, sizeof word);
+        std::memcpy(to + at, &word, sizeof word);
+    };
+    const auto moveBoth = [&](auto word) {
+        move(0, word);
+        move(text.size() - sizeof word, word);
+    };
+    if (text.size() >= 8) return moveBoth(std::uint64_t{});
+    if (text.size() >= 4) return moveBoth(std::uint32_t{});
+    if (text.size() >= 2) return moveBoth(std::uint16_t{});
+    if (text.size() == 1) to[0] = static_cast<unsigned char>(text[0]);
+}
+
+}  // namespace
+
 AnyValue::AnyValue(std::string_view text) : kind_(Kind::text)
 {
     if (text.size() > inlineCapacity) {
@@ -78,7 +99,7 @@ AnyValue::AnyValue(std::string_view text) : kind_(Kind::text)
         size_ = held;
         return;
     }
-    std::copy(text.begin(), text.end(), bytes_);
+    copyShort(text, bytes_);
     size_ = static_cast<std::uint8_t>(text.size());
 }
 
@@ -124,8 +145,9 @@ void AnyValue::handOver(Node*& dying) noexcept
 {
     Node* node = load<Node*>();
     become(Kind::empty);
-    if (node->owners.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
-    node->nextDying = dying;
+    const bool isOnlyOwner = node->owners.load(std::memory_order_acquire) == 1;
+    if (!isOnlyOwner && node->owners.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
+    node->setNextDying(dying);
     dying = node;
 }
 
@@ -133,14 +155,15 @@ void AnyValue::handOver(Node*& dying) noexcept
 // depth of the value is never the depth of the stack.
 void AnyValue::destroy(Node* first) noexcept
 {
+    const AnyMemory::Giving giving;
     while (first != nullptr) {
-        Node* node = std::exchange(first, first->nextDying);
+        Node* node = std::exchange(first, first->nextDying());
         const auto takeOver = [&](AnyValue& child) {
             if (child.isHeld()) child.handOver(first);
         };
         switch (node->kind) {
             case Kind::text:
-                TextNode::destroy(static_cast<TextNode*>(node));
+                delete static_cast<TextNode*>(node);
                 break;
             case Kind::url:
                 delete static_cast<UrlNode*>(node);

@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "Fennick/coding/AnyMemory.h"
 #include "platform/runtime/Date.h"
 #include "platform/runtime/Number.h"
 #include "platform/runtime/Url.h"
@@ -23,7 +24,7 @@ namespace Fennick {
 
 class AnyDictionary;
 class AnyValue;
-using AnyArray = std::vector<AnyValue>;
+using AnyArray = std::vector<AnyValue, AnyAllocator<AnyValue>>;
 
 // The null marker: a value that stands for null, where the empty value stands
 // for none.
@@ -189,24 +190,19 @@ public:
     // Numbers compare by value whatever their width, as do the members of
     // dictionaries whatever their order; other kinds are never equal to each other.
     friend bool operator==(const AnyValue& a, const AnyValue& b);
-    // The same answer for two texts that both stand in the values themselves,
-    // in a few instructions; absent for all others.
-    static std::optional<bool> compareShortTexts(const AnyValue& a, const AnyValue& b)
-    {
-        const bool areShort = a.kind_ == Kind::text && b.kind_ == Kind::text && !a.isHeld() && !b.isHeld();
-        if (!areShort) return std::nullopt;
-        return a.size_ == b.size_ && std::memcmp(a.bytes_, b.bytes_, inlineCapacity) == 0;
-    }
+    // Whether the text stands in the value itself. Two such are equal where their bytes are.
+    bool isShortText() const { return kind_ == Kind::text && !isHeld(); }
+    bool hasBytesOf(const AnyValue& other) const { return std::memcmp(this, &other, sizeof *this) == 0; }
     std::size_t hash() const;
-    // One bit of 64 for a text that stands in the value itself: equal ones have the
+    // A small hash of a text that stands in the value itself: equal ones have the
     // same. Absent for all others, which equal no such text.
-    std::optional<std::uint64_t> shortTextBit() const
+    std::optional<std::uint8_t> shortTextHash() const
     {
-        if (kind_ != Kind::text || isHeld()) return std::nullopt;
+        if (!isShortText()) return std::nullopt;
         std::uint64_t words[2];
         static_assert(sizeof words == sizeof *this);
         std::memcpy(words, static_cast<const void*>(this), sizeof words);
-        return std::uint64_t{1} << ((words[0] + words[1] * 31) * 0x9E3779B97F4A7C15 >> 58);
+        return static_cast<std::uint8_t>((words[0] + words[1] * 31) * 0x9E3779B97F4A7C15 >> 56);
     }
 
 private:

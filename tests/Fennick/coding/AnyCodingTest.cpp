@@ -1,4 +1,5 @@
 #include <map>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -52,6 +53,8 @@ TEST(AnyCoding, AnyDocumentComesBackAsTheSameJson)
     EXPECT_EQ(any.value["k39"], 39);
     EXPECT_EQ(any.value["limits"][2]["deep"][3], -1);
     EXPECT_TRUE(any.value["limits"][7]["nowhere"].isEmpty());
+    AnyValue part = decoded(json)["limits"];  // outlives its document, and goes on another thread
+    std::thread([taken = std::move(part)] { EXPECT_EQ(taken[2]["deep"][3], -1); }).join();
     for (const std::string key : {"a", "a key beyond the inline"}) {
         const std::string twice = "{\"" + key + R"(":1,"b":2,")" + key + R"(":3})";
         EXPECT_EQ(decoded(twice), AnyValue(AnyDictionary{{"b", 2}, {key, 3}}));
