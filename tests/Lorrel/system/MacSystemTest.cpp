@@ -46,19 +46,6 @@ TEST_F(MacSystemTest, SystemTextsComeFromTheVersionString)
     EXPECT_EQ(MacSystem::osName(25), unknown);
 }
 
-TEST_F(MacSystemTest, TheModelDecidesTheSymbol)
-{
-    const std::pair<const char*, const char*> cases[] = {
-        {"Mac13,1", "macstudio"},     {"MacBookPro18,3", "laptopcomputer"},
-        {"MacPro6,1", "macpro.gen2"}, {"MacPro8,1", "macpro.gen3"},
-        {"", "desktopcomputer"},
-    };
-    for (const auto& [model, symbol] : cases) {
-        MacSystem::setModel(model);
-        EXPECT_EQ(MacSystem::symbolName(), symbol) << model;
-    }
-}
-
 TEST_F(MacSystemTest, CachedFactsAreReadOnceAndMayBeAssigned)
 {
     EXPECT_EQ(MacSystem::computerName(), Lorrel::Resources::text("UNKNOWN_COMPUTER_NAME"));
