@@ -71,21 +71,16 @@ TEST_F(HotkeyControllerTest, NumbersRunOnOverRefusalsWhichStaySilent)
 TEST_F(HotkeyControllerTest, DeclinesEventsThatAreNotItsOwn)
 {
     controller->register_(shortcut);
-    const auto ours = [](std::uint32_t id, std::uint32_t kind) {
-        return Platform::HotKeyEvent{Statuses::noError, {CarbonHotkeyController::signature, id}, kind};
-    };
-    const struct {
-        Platform::HotKeyEvent event;
-        Platform::HotKeyStatus status;
-    } cases[] = {
-        {ours(1, 5), 0},     {ours(1, 6), 0},         {ours(1, 7), -9874},
-        {ours(2, 5), -9874}, {{0, {1, 1}, 5}, -9874}, {{Statuses::eventParameterMissing, {}, 5}, -9870},
+    const auto signature = CarbonHotkeyController::signature;
+    const std::pair<Platform::HotKeyEvent, Platform::HotKeyStatus> cases[] = {
+        {{0, {signature, 1}, 5}, 0},     {{0, {signature, 1}, 6}, 0}, {{0, {signature, 1}, 7}, -9874},
+        {{0, {signature, 2}, 5}, -9874}, {{0, {1, 1}, 5}, -9874},     {{Statuses::eventParameterMissing, {}, 5}, -9870},
     };
     EXPECT_EQ(CarbonHotkeyController::handleEvent(nullptr), -9874);
-    for (const auto& one : cases) EXPECT_EQ(CarbonHotkeyController::handleEvent(&one.event), one.status);
+    for (const auto& [event, status] : cases) EXPECT_EQ(CarbonHotkeyController::handleEvent(&event), status);
     EXPECT_EQ(heard(), (Calls{"delegate open"}));
     controller->unregister(shortcut);
-    EXPECT_EQ(CarbonHotkeyController::handleEvent(&cases[0].event), -9874);
+    EXPECT_EQ(CarbonHotkeyController::handleEvent(&cases[0].first), -9874);
 }
 
 TEST_F(HotkeyControllerTest, UnregisteringAllIsGlobalAndHandlersStayUnlessRemoved)

@@ -38,22 +38,18 @@ TEST_F(MenuBarItemControllerTest, KeepsItemsByIdentityAndTellsOfEachChange)
     auto controller = Controller::create(true);
     controller->setDelegate(listener);
     const auto extra = controller->makeItem(Platform::ViewRef());
-    const auto another = controller->makeItem(Platform::ImageRef());
     EXPECT_EQ(controller->count(), 1U);
-    controller->add(extra);
-    controller->add(extra);
+    for (int round = 0; round < 2; ++round) controller->add(extra);
     EXPECT_EQ(controller->count(), 3U);
     controller->remove(extra);
     EXPECT_EQ(controller->count(), 1U);
     EXPECT_EQ(heard(), (Calls{"items", "items", "items"}));
-
     controller->removeAdditionalItems();
     EXPECT_EQ(heard(), Calls{});
     controller->add(extra);
-    controller->add(another);
-    EXPECT_EQ(controller->item(2), another);
+    EXPECT_EQ(controller->item(1), extra);
     controller->removeAdditionalItems();
-    EXPECT_EQ(heard(), Calls(4, "items"));
+    EXPECT_EQ(heard(), (Calls{"items", "items"}));
     EXPECT_EQ(controller->items(), Controller::Items{controller->item()});
 
     const auto main = controller->item();
@@ -71,7 +67,6 @@ TEST_F(MenuBarItemControllerTest, FollowsTheLookAndLaysViewsOutAgain)
     for (int round = 0; round < 2; ++round) paintDark(*controller->item());
     EXPECT_EQ(heard(), Calls{"dark"});
     EXPECT_EQ(view->layouts, 2);
-    EXPECT_TRUE(controller->isDark());
 
     const auto main = controller->item();
     for (int round = 0; round < 2; ++round) controller->tearDown();

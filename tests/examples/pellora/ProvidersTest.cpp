@@ -63,10 +63,6 @@ const ReadingCase readings[] = {
      {{"proc/meminfo", "MemTotal: 8 kB\nMemAvailable: 4 kB\nSwapTotal: 2 kB\nSwapFree: 1 kB\n"}},
      {{{{"proc/meminfo", "MemTotal: 8 kB\nSwapTotal: 2 kB\nSwapFree: 0 kB\n"}}}},
      {{"memory.percent", "-"}, {"memory.used", "-"}, {"memory.total", "8 KB"}, {"swap.used", "2 KB"}}},
-    {"load",
-     {{"proc/loadavg", "0.50 1.25 12.00 1/100 1234\n"}},
-     {{}},
-     {{"load.1", "0.50"}, {"load.5", "1.25"}, {"load.15", "12.00"}}},
     {"network of a container, and a clock that steps back",
      {{"proc/net/dev", netDev("    lo: 5 0 0 0 0 0 0 0 5 0\n  eth0:1000 1 0 0 0 0 0 0 500 1\n")}},
      {{{{"proc/net/dev", netDev("    lo: 9 0 0 0 0 0 0 0 9 0\n  eth0:5096 1 0 0 0 0 0 0 2548 1\n")}}, 2}, {{}, -3600}},
@@ -106,10 +102,6 @@ const ReadingCase readings[] = {
       {"sys/class/power_supply/mouse/capacity", "1\n"}},
      {{}},
      {{"battery.percent", "62.5 %"}, {"battery.state", "discharging"}}},
-    {"battery taken out",
-     {{"sys/class/power_supply/BAT0/type", "Battery\n"}, {"sys/class/power_supply/BAT0/capacity", "50\n"}},
-     {{{{"sys/class/power_supply/BAT0/capacity", ""}}}},
-     {{"battery.percent", "-"}, {"battery.state", "-"}}},
 };
 
 TEST(Readings, TellWhatTheMachineHas)

@@ -19,8 +19,10 @@ TEST(Sparkline, SpansFromZeroOrBelowToTheHighest)
         std::size_t width;
         const char* expected;
     } cases[] = {
-        {{7, 7}, 5, "██"}, {{0, 1, 2, 3, 4, 5, 6, 7}, 8, "▁▂▃▄▅▆▇█"}, {{100, 0, 7}, 2, "▁█"}, {{-7, 0}, 2, "▁█"},
-        {{1}, 0, ""},
+        {{7, 7}, 5, "██"},
+        {{0, 1, 2, 3, 4, 5, 6, 7}, 8, "▁▂▃▄▅▆▇█"},
+        {{100, 0, 7}, 2, "▁█"},
+        {{-7, 0}, 2, "▁█"},
     };
     for (const auto& one : cases) EXPECT_EQ(Pellora::sparkline(one.history, one.width), one.expected);
 }

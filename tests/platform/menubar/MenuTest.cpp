@@ -67,12 +67,7 @@ protected:
         return std::regex_replace(hidden, std::regex(R"(\(ia\{sv\}av\))"), "|");
     }
     void send(int number, const char* event) { host->callMenu("Event", "isvu", number, event, "s", "", 0U); }
-    bool aboutToShow(int number)
-    {
-        int isOld = 0;
-        const auto answer = host->callMenu("AboutToShow", "i", number);
-        return answer && sd_bus_message_read(answer.get(), "b", &isOld) > 0 && isOld;
-    }
+    bool aboutToShow() const { return answer({"AboutToShow", "i", "0"}) == "b true\n"; }
 
     Tests::PrivateBus bus;
     StatusItemRef item = StatusBar::system().statusItem(StatusItem::squareLength);
@@ -134,8 +129,8 @@ TEST_F(MenuTest, DelegateMayChangeTheMenuJustBeforeItShows)
     const auto reading = add("CPU", 1, menu);
     layout();
     delegate->then = [&](Menu&) { reading->setTitle("CPU 7 %"); };
-    EXPECT_TRUE(aboutToShow(0));
-    EXPECT_FALSE(aboutToShow(0)) << "the same title is no change";
+    EXPECT_TRUE(aboutToShow());
+    EXPECT_FALSE(aboutToShow()) << "the same title is no change";
     send(0, "opened");
     send(1, "hovered");
     EXPECT_TRUE(reading->isHighlighted());
@@ -184,7 +179,7 @@ TEST_F(MenuTest, OpeningIsAskedOfTheHostAndLeftToTheProgramWhereThatDoesNot)
     const struct {
         std::function<void()> answer;
         int left;
-    } cases[] = {{[&] { aboutToShow(0); }, 0}, {[&] { send(0, "opened"); }, 0}, {[&] { send(0, "closed"); }, 1}};
+    } cases[] = {{[&] { aboutToShow(); }, 0}, {[&] { send(0, "opened"); }, 0}, {[&] { send(0, "closed"); }, 1}};
     for (const auto& one : cases) {
         left = 0;
         host->signals.clear();
@@ -262,18 +257,15 @@ TEST_F(MenuTest, ItemMayEndWhileItsMenuIsBroughtUpToDate)
         shown.removeAllItems();
         item = nullptr;
     };
-    aboutToShow(0);
+    aboutToShow();
     EXPECT_EQ(item, nullptr);
     EXPECT_FALSE(host->callMenu("AboutToShow", "i", 0));
 }
 
-TEST_F(MenuTest, MalformedCallsGetErrorsAndHarmNothing)
+TEST_F(MenuTest, CallsAboutWhatIsNotThereHarmNothing)
 {
     add("One", 1, menu);
-    for (const char* member :
-         {"GetLayout", "GetGroupProperties", "GetProperty", "Event", "EventGroup", "AboutToShow"}) {
-        EXPECT_NE(answer({member, "d", "1.5"}).find("arguments"), std::string::npos) << member;
-    }
+    EXPECT_NE(answer({"Event", "d", "1.5"}).find("arguments"), std::string::npos);
     EXPECT_TRUE(host->callMenu("GetProperty", "is", 1, "nothing"));
     EXPECT_TRUE(host->callMenu("GetGroupProperties", "aias", 2, 1, 55, 1, "label"));
     EXPECT_TRUE(host->callMenu("AboutToShowGroup", "ai", 2, 0, 55));

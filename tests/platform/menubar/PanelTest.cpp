@@ -61,17 +61,15 @@ public:
     }
 
 private:
-    Tests::ChildProcess::Options options()
+    Tests::ChildOptions options()
     {
-        Tests::ChildProcess::Options options;
-        options.environment = {{"XDG_CONFIG_HOME", settings_.path()},
-                               {"HOME", settings_.path()},
-                               {"XDG_CACHE_HOME", settings_.path()},
-                               {"GTK_THEME", "Adwaita"},
-                               {"NO_AT_BRIDGE", "1"},
-                               {"LANG", "C.UTF-8"}};
-        options.streams = Tests::ChildProcess::Streams::silent;
-        return options;
+        return {.environment = {{"XDG_CONFIG_HOME", settings_.path()},
+                                {"HOME", settings_.path()},
+                                {"XDG_CACHE_HOME", settings_.path()},
+                                {"GTK_THEME", "Adwaita"},
+                                {"NO_AT_BRIDGE", "1"},
+                                {"LANG", "C.UTF-8"}},
+                .streams = Tests::ChildStreams::silent};
     }
 
     Tests::TemporaryDirectory settings_;
@@ -125,17 +123,12 @@ TEST(PanelTest, ShowsTheItemAndOpensAndClicksItsMenu)
         const Bitmap screen = Panel::screen(opened);
         return !screen.isEmpty() && screen.pixel(int(left) + 20, 45) != black;
     };
-    EXPECT_TRUE(tryUntil(
-        [&] {
-            Tests::runOnDisplay({"xdotool", "mousemove", x, y, "click", "1"});
-        },
-        [&] { return eventually(showsMenu, std::chrono::seconds(3)); }))
+    const auto clickAt = [&](const std::string& height) {
+        return [&, height] { Tests::runOnDisplay({"xdotool", "mousemove", x, height, "click", "1"}); };
+    };
+    EXPECT_TRUE(tryUntil(clickAt(y), [&] { return eventually(showsMenu, std::chrono::seconds(3)); }))
         << "no menu in " << opened;
-    EXPECT_TRUE(tryUntil(
-        [&] {
-            Tests::runOnDisplay({"xdotool", "mousemove", x, "45", "click", "1"});
-        },
-        [&] { return !target->tags.empty(); }))
+    EXPECT_TRUE(tryUntil(clickAt("45"), [&] { return !target->tags.empty(); }))
         << "the menu does not answer, see " << opened;
 }
 

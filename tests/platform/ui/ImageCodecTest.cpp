@@ -109,7 +109,6 @@ TEST(IconSet, ShowsTheLargestEntryThatDecodes)
     } cases[] = {
         {small, 16, 0x80050a0f},
         {small + entry("ic10", "damaged") + entry("ic07", encoded(128, 128, "png")), 128, 0xffff0000},
-        {entry("il32", packedColors(32, 1, 2, 3)), 32, 0xff010203},
         {entry("ic04", "ARGB" + packedPlane('\xff', 256) + packedColors(16, 4, 5, 6)), 16, 0xff040506},
         {entry("it32", std::string(4, '\0') + packedColors(128, 7, 8, 9)), 128, 0xff070809},
     };

@@ -1,4 +1,5 @@
-#include <dirent.h>
+#include <filesystem>
+
 #include <gtest/gtest.h>
 #include <malloc.h>
 
@@ -20,18 +21,9 @@ constexpr int ticksAChange = 10;
 constexpr int ticksOpen = 300;  // an hour has the menu open for so many
 constexpr int savesAnHour = 8;  // three settings, twice; those that come together are heard of once
 
-struct Uses {
-    std::size_t bytes;
-    long descriptors;
-};
-
-Uses uses()
+long openDescriptors()
 {
-    long descriptors = 0;
-    DIR* const folder = opendir("/proc/self/fd");
-    while (readdir(folder)) ++descriptors;
-    closedir(folder);
-    return {mallinfo2().uordblks, descriptors};
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }
 
 struct Soak : testing::Test, Tests::BarWithoutDesktop {
@@ -109,22 +101,22 @@ TEST_F(Soak, HoursTakeNoMoreThanOneWakeUpATickAndNoMemory)
     application.applicationDidFinishLaunching();
     passHourOfUse();  // until every store and queue has the memory that it keeps
     passHourOfUse();
-    const Uses before = uses();
-
-    dispatched = 0;
-    warned = 0;
+    const auto bytes = mallinfo2().uordblks;
+    const long descriptors = openDescriptors();
+    dispatched = warned = 0;
     const int hours = static_cast<int>(Tests::atLength("hours", 2));
     const int ticks = hours * ticksAnHour;
     for (int hour = 0; hour < hours; ++hour) passHourOfUse();
 
-    RecordProperty("bytes", static_cast<int>(uses().bytes - before.bytes));
+    const auto bytesNow = mallinfo2().uordblks;
+    RecordProperty("bytes", static_cast<int>(bytesNow - bytes));
     EXPECT_LE(dispatched, static_cast<std::size_t>(ticks + hours * (ticksOpen + savesAnHour)))
         << "the timer's ticks, those again that an open menu shows, and the settings";
     EXPECT_EQ(warned, static_cast<std::size_t>(ticks / ticksAChange / 2 - hours))
         << "once each time that the load goes up while there is a limit";
-    EXPECT_LT(uses().bytes, before.bytes + 32 * 1024) << "however many hours";
+    EXPECT_LT(bytesNow, bytes + 32 * 1024) << "however many hours";
     for (int round = 0; round < 5; ++round) Monitor{settings};
-    EXPECT_EQ(uses().descriptors, before.descriptors) << "nor is anything left of monitors that end";
+    EXPECT_EQ(openDescriptors(), descriptors) << "nor is anything left of monitors that end";
 }
 
 }  // namespace
