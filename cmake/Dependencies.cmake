@@ -14,6 +14,7 @@ set(PELLORA_PKG_MODULES
   "CRYPTO=libcrypto"
   "SIMDJSON=simdjson"
   "GIO=gio-2.0"
+  "GLIB=glib-2.0"
   "HEIF=libheif")
 
 foreach(entry IN LISTS PELLORA_PKG_MODULES)

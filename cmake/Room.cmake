@@ -9,13 +9,15 @@ function(pellora_add_rooms)
   endforeach()
 endfunction()
 
-# pellora_room(<target> [SMALL] [FOLDERS <dir>...] [LINKS <public>...] [SYSTEM <system library>...])
+# pellora_room(<target> [SMALL] [FOLDERS <dir>...] [LINKS <public>...] [SYSTEM <system library>...] [LOADED <system library>...])
 # One static library from the .cpp files of its folders (default: the current one).
 # LINKS are rooms whose headers ours include; SYSTEM libraries stay private.
+# LOADED ones are not linked, only their headers are read: SystemLibrary brings
+# them in when they are first needed (cmake/Packages.cmake names their packages).
 # SMALL rooms wait for the kernel or the bus and are part of programs that stay
 # all day: they are compiled for size, which also spares page faults at the start.
 function(pellora_room target)
-  cmake_parse_arguments(ROOM "SMALL" "" "FOLDERS;LINKS;SYSTEM" ${ARGN})
+  cmake_parse_arguments(ROOM "SMALL" "" "FOLDERS;LINKS;SYSTEM;LOADED" ${ARGN})
   if(NOT ROOM_FOLDERS)
     set(ROOM_FOLDERS .)
   endif()
@@ -31,6 +33,9 @@ function(pellora_room target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC ${ROOM_LINKS} PRIVATE ${ROOM_SYSTEM} "$<BUILD_INTERFACE:pellora_settings>")
   set_target_properties(${target} PROPERTIES PELLORA_SYSTEM "${ROOM_SYSTEM}")
+  foreach(library IN LISTS ROOM_LOADED)
+    target_include_directories(${target} SYSTEM PRIVATE $<TARGET_PROPERTY:${library},INTERFACE_INCLUDE_DIRECTORIES>)
+  endforeach()
   if(ROOM_SMALL)
     target_compile_options(${target} PRIVATE ${PELLORA_FOR_SIZE})
   endif()

@@ -8,22 +8,45 @@
 #include "platform/bundle/Bundle.h"
 #include "platform/files/FileManager.h"
 #include "platform/files/internal/UniformTypes.h"
+#include "platform/runtime/Log.h"
+#include "platform/runtime/SystemLibrary.h"
 
 namespace Platform {
 
 namespace {
 
-struct GFree {
-    void operator()(char* text) const { g_free(text); }
+// Loaded with the first question about a type, as it starts an object system of its own.
+struct GioLibrary {
+    SystemLibrary library{"libgio-2.0.so.0"};
+    decltype(&g_content_type_guess) guess = library.find("g_content_type_guess");
+    decltype(&g_content_type_equals) equals = library.find("g_content_type_equals");
+    decltype(&g_content_type_is_a) isA = library.find("g_content_type_is_a");
+    decltype(&g_free) free = library.find("g_free");
 };
-using GText = std::unique_ptr<char, GFree>;
+
+// Where it is missing, no name tells a type and every type is a kind of itself only, which is said once.
+const GioLibrary& gio()
+{
+    static const GioLibrary& loaded = *[] {
+        const auto* const gio = new GioLibrary;  // for ever, as what it has started
+        if (!gio->library.isUsable()) log("Types of files are not known: " + gio->library.failure());
+        return gio;
+    }();
+    return loaded;
+}
 
 constexpr std::string_view unknownType = "application/octet-stream";
 
 std::string mimeTypeOfName(const std::string& name)
 {
-    const GText type(g_content_type_guess(name.c_str(), nullptr, 0, nullptr));
+    if (!gio().library.isUsable()) return std::string(unknownType);
+    const std::unique_ptr<char, decltype(&g_free)> type(gio().guess(name.c_str(), nullptr, 0, nullptr), gio().free);
     return type ? type.get() : std::string(unknownType);
+}
+
+bool isEqual(const std::string& type, const std::string& other)
+{
+    return gio().library.isUsable() ? gio().equals(type.c_str(), other.c_str()) : type == other;
 }
 
 std::string identifierOf(const std::string& mimeType)
@@ -35,7 +58,7 @@ bool isA(const std::string& type, std::string_view kind)
 {
     // A family is told by the first half alone.
     if (kind.ends_with("/*")) return type.starts_with(kind.substr(0, kind.size() - 1));
-    return g_content_type_equals(type.c_str(), std::string(kind).c_str());
+    return isEqual(type, std::string(kind));
 }
 
 }  // namespace
@@ -74,7 +97,8 @@ bool typeConforms(std::string_view type, std::string_view to)
     const auto kinds = kindsOf(to);
     if (!kinds.empty()) return std::ranges::any_of(kinds, [&](std::string_view kind) { return isA(*mime, kind); });
     const auto wanted = mimeTypeOf(to);
-    return wanted && g_content_type_is_a(mime->c_str(), wanted->c_str());
+    if (!wanted || !gio().library.isUsable()) return wanted == mime;
+    return gio().isA(mime->c_str(), wanted->c_str());
 }
 
 }  // namespace Platform

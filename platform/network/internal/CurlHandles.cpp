@@ -2,18 +2,12 @@
 
 namespace Platform {
 
-void startCurl()
-{
-    static const CURLcode started = curl_global_init(CURL_GLOBAL_DEFAULT);
-    static_cast<void>(started);
-}
-
 void forgetSession(CURL* easy)
 {
     if (easy == nullptr) return;
-    curl_easy_setopt(easy, CURLOPT_COOKIEFILE, nullptr);  // the reset would leak its list
-    curl_easy_setopt(easy, CURLOPT_SHARE, nullptr);
-    curl_easy_reset(easy);
+    curl().setOption(easy, CURLOPT_COOKIEFILE, nullptr);  // the reset would leak its list
+    curl().setOption(easy, CURLOPT_SHARE, nullptr);
+    curl().resetEasy(easy);
 }
 
 Utf8HostNames::Utf8HostNames()
@@ -26,18 +20,18 @@ Utf8HostNames::Utf8HostNames()
 
 void append(HeaderList& list, const std::string& line)
 {
-    curl_slist* longer = curl_slist_append(list.get(), line.c_str());
+    curl_slist* longer = curl().appendToList(list.get(), line.c_str());
     if (longer == nullptr) return;
     static_cast<void>(list.release());
     list.reset(longer);
 }
 
-CookieJar::CookieJar() : share_((startCurl(), curl_share_init()))
+CookieJar::CookieJar() : share_(curl().newShare())
 {
-    curl_share_setopt(share_.get(), CURLSHOPT_LOCKFUNC, &CookieJar::lock);
-    curl_share_setopt(share_.get(), CURLSHOPT_UNLOCKFUNC, &CookieJar::unlock);
-    curl_share_setopt(share_.get(), CURLSHOPT_USERDATA, this);
-    curl_share_setopt(share_.get(), CURLSHOPT_SHARE, CURL_LOCK_DATA_COOKIE);
+    curl().setShareOption(share_.get(), CURLSHOPT_LOCKFUNC, &CookieJar::lock);
+    curl().setShareOption(share_.get(), CURLSHOPT_UNLOCKFUNC, &CookieJar::unlock);
+    curl().setShareOption(share_.get(), CURLSHOPT_USERDATA, this);
+    curl().setShareOption(share_.get(), CURLSHOPT_SHARE, CURL_LOCK_DATA_COOKIE);
 }
 
 void CookieJar::lock(CURL*, curl_lock_data data, curl_lock_access, void* jar)

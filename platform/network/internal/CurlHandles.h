@@ -5,8 +5,9 @@
 #include <mutex>
 #include <string>
 
-#include <curl/curl.h>
 #include <locale.h>
+
+#include "platform/network/internal/CurlLibrary.h"
 
 namespace Platform {
 
@@ -15,18 +16,15 @@ struct CurlDeleter {
     template <typename T>
     void operator()(T* handle) const
     {
-        release(handle);
+        (curl().*release)(handle);
     }
 };
 
 // One transfer's settings and connection state.
-using EasyHandle = std::unique_ptr<CURL, CurlDeleter<curl_easy_cleanup>>;
+using EasyHandle = std::unique_ptr<CURL, CurlDeleter<&CurlLibrary::endEasy>>;
 // A set of transfers with their connections.
-using MultiHandle = std::unique_ptr<CURLM, CurlDeleter<curl_multi_cleanup>>;
-using HeaderList = std::unique_ptr<curl_slist, CurlDeleter<curl_slist_free_all>>;
-
-// Prepares the library once for the process; before any handle is made.
-void startCurl();
+using MultiHandle = std::unique_ptr<CURLM, CurlDeleter<&CurlLibrary::endMulti>>;
+using HeaderList = std::unique_ptr<curl_slist, CurlDeleter<&CurlLibrary::endList>>;
 
 // Takes a handle's settings and its session's cookies from it; connections stay.
 void forgetSession(CURL* easy);
@@ -54,14 +52,14 @@ public:
     CookieJar(const CookieJar&) = delete;
     CookieJar& operator=(const CookieJar&) = delete;
 
-    void attach(CURL* easy) const { curl_easy_setopt(easy, CURLOPT_SHARE, share_.get()); }
+    void attach(CURL* easy) const { curl().setOption(easy, CURLOPT_SHARE, share_.get()); }
 
 private:
     static void lock(CURL*, curl_lock_data data, curl_lock_access, void* jar);
     static void unlock(CURL*, curl_lock_data data, void* jar);
 
     std::array<std::mutex, CURL_LOCK_DATA_LAST> mutexes_;
-    std::unique_ptr<CURLSH, CurlDeleter<curl_share_cleanup>> share_;
+    std::unique_ptr<CURLSH, CurlDeleter<&CurlLibrary::endShare>> share_;
 };
 
 }  // namespace Platform

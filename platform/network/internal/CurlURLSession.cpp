@@ -23,6 +23,30 @@ public:
     void cancel() override {}
 };
 
+// Where the library is missing: every fetch fails and says so.
+class UnreachableURLSession final : public URLSession {
+public:
+    FetchOutcome fetch(const URLRequest& request) override
+    {
+        return {std::nullopt, nullptr,
+                URLError(URLError::Code::unknown, request.url.absoluteString(), curl().library.failure())};
+    }
+    std::shared_ptr<URLSessionTask> start(const URLRequest& request, Completion completion) override
+    {
+        queue_->async([completion = std::move(completion), outcome = fetch(request)] { completion(outcome); });
+        return std::make_shared<EndedTask>();
+    }
+
+private:
+    const std::shared_ptr<Queue> queue_ = Queue::create("URLSession", Queue::Kind::serial);
+};
+
+std::shared_ptr<URLSession> made(const URLSessionConfiguration& configuration, Connections onNetworkThread)
+{
+    if (!curl().library.isUsable()) return std::make_shared<UnreachableURLSession>();
+    return std::make_shared<CurlURLSession>(configuration, onNetworkThread);
+}
+
 std::shared_ptr<SessionSettings> settingsOf(const URLSessionConfiguration& configuration)
 {
     auto settings = std::make_shared<SessionSettings>();
@@ -35,14 +59,13 @@ std::shared_ptr<SessionSettings> settingsOf(const URLSessionConfiguration& confi
 std::shared_ptr<URLSession> URLSession::shared()
 {
     // Never destroyed: threads may outlive main.
-    static const auto& session = *new std::shared_ptr<URLSession>(
-        std::make_shared<CurlURLSession>(URLSessionConfiguration(), Connections::kept));
+    static const auto& session = *new std::shared_ptr<URLSession>(made({}, Connections::kept));
     return session;
 }
 
 std::shared_ptr<URLSession> URLSession::ephemeral(const URLSessionConfiguration& configuration)
 {
-    return std::make_shared<CurlURLSession>(configuration, Connections::own);
+    return made(configuration, Connections::own);
 }
 
 CurlURLSession::CurlURLSession(const URLSessionConfiguration& configuration, Connections onNetworkThread)

@@ -14,7 +14,7 @@ NetworkThread& NetworkThread::shared()
     return thread;
 }
 
-NetworkThread::NetworkThread() : multi_((startCurl(), curl_multi_init()))
+NetworkThread::NetworkThread() : multi_(curl().newMulti())
 {
     // The thread takes no signal, SIGPIPE of a lost connection included.
     sigset_t all;
@@ -57,7 +57,7 @@ void NetworkThread::signal(bool isIdle)
     if (isIdle) {
         hasWork_.notify_one();
     } else {
-        curl_multi_wakeup(multi_.get());
+        curl().wakeUp(multi_.get());
     }
 }
 
@@ -69,10 +69,10 @@ void NetworkThread::run()
         drop(takeSubmitted());
         admit();
         int running = 0;
-        curl_multi_perform(multi_.get(), &running);
+        curl().perform(multi_.get(), &running);
         takeFinished();
         expire();
-        if (!active_.empty()) curl_multi_poll(multi_.get(), nullptr, 0, millisecondsToDeadline(), nullptr);
+        if (!active_.empty()) curl().poll(multi_.get(), nullptr, 0, millisecondsToDeadline(), nullptr);
     }
 }
 
@@ -111,7 +111,7 @@ void NetworkThread::admit()
         ticket->easy = takeHandle();
         ticket->transfer->prepare(ticket->easy.get(), std::chrono::steady_clock::now());
         active_.push_back(ticket);
-        if (curl_multi_add_handle(multi_.get(), ticket->easy.get()) == CURLM_OK) continue;
+        if (curl().addToMulti(multi_.get(), ticket->easy.get()) == CURLM_OK) continue;
         end(std::prev(active_.end()), ticket->transfer->failed(URLError::Code::unknown));
     }
 }
@@ -120,7 +120,7 @@ void NetworkThread::end(std::list<std::shared_ptr<Ticket>>::iterator place, Fetc
 {
     const std::shared_ptr<Ticket> ticket = std::move(*place);
     active_.erase(place);
-    curl_multi_remove_handle(multi_.get(), ticket->easy.get());
+    curl().removeFromMulti(multi_.get(), ticket->easy.get());
     giveBack(std::move(ticket->easy));
     ticket->transfer.reset();
     std::exchange(ticket->completion, nullptr)(std::move(outcome));
@@ -128,7 +128,7 @@ void NetworkThread::end(std::list<std::shared_ptr<Ticket>>::iterator place, Fetc
 
 EasyHandle NetworkThread::takeHandle()
 {
-    if (idleHandles_.empty()) return EasyHandle(curl_easy_init());
+    if (idleHandles_.empty()) return EasyHandle(curl().newEasy());
     EasyHandle handle = std::move(idleHandles_.back());
     idleHandles_.pop_back();
     return handle;
@@ -160,7 +160,7 @@ void NetworkThread::drop(const std::vector<std::shared_ptr<Ticket>>& cancelled)
 void NetworkThread::takeFinished()
 {
     int left = 0;
-    while (const CURLMsg* message = curl_multi_info_read(multi_.get(), &left)) {
+    while (const CURLMsg* message = curl().nextMessage(multi_.get(), &left)) {
         if (message->msg != CURLMSG_DONE) continue;
         const CURLcode code = message->data.result;
         const auto place = std::find_if(active_.begin(), active_.end(),

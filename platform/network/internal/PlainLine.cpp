@@ -36,16 +36,16 @@ private:
 
 }  // namespace
 
-PlainLine::PlainLine() : easy_((startCurl(), curl_easy_init())), multi_(curl_multi_init()) {}
+PlainLine::PlainLine() : easy_(curl().newEasy()), multi_(curl().newMulti()) {}
 
 FetchOutcome PlainLine::perform(Transfer& transfer)
 {
     const WithoutBrokenPipe guard;
     const Utf8HostNames names;
     transfer.prepare(easy_.get(), std::chrono::steady_clock::now());
-    const bool isIn = curl_multi_add_handle(multi_.get(), easy_.get()) == CURLM_OK;
+    const bool isIn = curl().addToMulti(multi_.get(), easy_.get()) == CURLM_OK;
     FetchOutcome outcome = isIn ? waitFor(transfer) : transfer.failed(URLError::Code::unknown);
-    curl_multi_remove_handle(multi_.get(), easy_.get());
+    curl().removeFromMulti(multi_.get(), easy_.get());
     forgetSession(easy_.get());
     return outcome;
 }
@@ -55,9 +55,9 @@ FetchOutcome PlainLine::waitFor(Transfer& transfer)
     constexpr std::chrono::milliseconds longest(60 * 60 * 1000);
     for (;;) {
         int running = 0;
-        const CURLMcode moved = curl_multi_perform(multi_.get(), &running);
+        const CURLMcode moved = curl().perform(multi_.get(), &running);
         int left = 0;
-        while (const CURLMsg* message = curl_multi_info_read(multi_.get(), &left)) {
+        while (const CURLMsg* message = curl().nextMessage(multi_.get(), &left)) {
             if (message->msg == CURLMSG_DONE) return transfer.finished(message->data.result);
         }
         if (moved != CURLM_OK) return transfer.failed(URLError::Code::unknown);
@@ -66,7 +66,7 @@ FetchOutcome PlainLine::waitFor(Transfer& transfer)
         if (deadline <= now) return transfer.failed(URLError::Code::timedOut);
         const auto wait =
             deadline - now < longest ? std::chrono::ceil<std::chrono::milliseconds>(deadline - now) : longest;
-        curl_multi_poll(multi_.get(), nullptr, 0, static_cast<int>(wait.count()), nullptr);
+        curl().poll(multi_.get(), nullptr, 0, static_cast<int>(wait.count()), nullptr);
     }
 }
 

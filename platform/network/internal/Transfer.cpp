@@ -45,7 +45,7 @@ bool orFailure(Step step)
 template <typename Value>
 void set(CURL* easy, CURLoption option, Value value)
 {
-    curl_easy_setopt(easy, option, value);
+    curl().setOption(easy, option, value);
 }
 
 }  // namespace
@@ -190,7 +190,7 @@ bool Transfer::addBody(std::string_view bytes)
     if (isTooLong_) return false;
     if (body_.empty()) {
         curl_off_t announced = 0;
-        curl_easy_getinfo(easy_, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &announced);
+        curl().getInfo(easy_, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &announced);
         if (announced > 0) body_.reserve(std::min(static_cast<std::size_t>(announced), largestReservation));
     }
     body_.insert(body_.end(), bytes.begin(), bytes.end());
@@ -220,8 +220,8 @@ FetchOutcome Transfer::finished(CURLcode code) const
     if (code != CURLE_OK) return {std::nullopt, nullptr, errorOf(code, url_, message_.data())};
     long status = 0;
     char* effective = nullptr;
-    curl_easy_getinfo(easy_, CURLINFO_RESPONSE_CODE, &status);
-    curl_easy_getinfo(easy_, CURLINFO_EFFECTIVE_URL, &effective);
+    curl().getInfo(easy_, CURLINFO_RESPONSE_CODE, &status);
+    curl().getInfo(easy_, CURLINFO_EFFECTIVE_URL, &effective);
     std::string url = effective != nullptr ? effective : url_;
     URLResponseRef response;
     if (status > 0) {

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/network/internal/CurlLibrary.h"
+
 namespace Platform {
 
 namespace {
@@ -36,7 +38,7 @@ URLError errorOf(CURLcode code, const std::string& url, const std::string& messa
     for (const auto& [theirs, ours] : codes) {
         if (theirs == code) return {ours, url, message};
     }
-    return {URLError::Code::unknown, url, message.empty() ? curl_easy_strerror(code) : message};
+    return {URLError::Code::unknown, url, message.empty() ? curl().textOf(code) : message};
 }
 
 }  // namespace Platform

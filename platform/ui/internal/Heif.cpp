@@ -4,10 +4,41 @@
 
 #include <libheif/heif.h>
 
+#include "platform/runtime/Log.h"
+#include "platform/runtime/SystemLibrary.h"
 #include "platform/ui/internal/Containers.h"
 
 namespace Platform {
 namespace {
+
+// Few programs ever see such a picture, and the library brings four video codecs along.
+struct HeifLibrary {
+    SystemLibrary library{"libheif.so.1"};
+    decltype(&heif_context_alloc) newContext = library.find("heif_context_alloc");
+    decltype(&heif_context_free) freeContext = library.find("heif_context_free");
+    decltype(&heif_context_read_from_memory_without_copy) read =
+        library.find("heif_context_read_from_memory_without_copy");
+    decltype(&heif_context_get_primary_image_handle) primary = library.find("heif_context_get_primary_image_handle");
+    decltype(&heif_image_handle_release) releaseHandle = library.find("heif_image_handle_release");
+    decltype(&heif_image_handle_get_width) widthOfHandle = library.find("heif_image_handle_get_width");
+    decltype(&heif_image_handle_get_height) heightOfHandle = library.find("heif_image_handle_get_height");
+    decltype(&heif_decode_image) decode = library.find("heif_decode_image");
+    decltype(&heif_image_release) release = library.find("heif_image_release");
+    decltype(&heif_image_get_plane_readonly) plane = library.find("heif_image_get_plane_readonly");
+    decltype(&heif_image_get_width) width = library.find("heif_image_get_width");
+    decltype(&heif_image_get_height) height = library.find("heif_image_get_height");
+};
+
+// Where it is missing, no such picture has content, which is said once.
+const HeifLibrary& heif()
+{
+    static const HeifLibrary& loaded = *[] {
+        const auto* const heif = new HeifLibrary;  // for ever: pictures may be read until the process ends
+        if (!heif->library.isUsable()) log("HEIC and AVIF pictures cannot be read: " + heif->library.failure());
+        return heif;
+    }();
+    return loaded;
+}
 
 using Context = std::unique_ptr<heif_context, decltype(&heif_context_free)>;
 using Handle = std::unique_ptr<heif_image_handle, decltype(&heif_image_handle_release)>;
@@ -21,15 +52,15 @@ bool failed(const heif_error& error)
 Handle primaryPicture(heif_context* context)
 {
     heif_image_handle* handle = nullptr;
-    if (failed(heif_context_get_primary_image_handle(context, &handle))) handle = nullptr;
-    return {handle, &heif_image_handle_release};
+    if (failed(heif().primary(context, &handle))) handle = nullptr;
+    return {handle, heif().releaseHandle};
 }
 
 Picture decode(const heif_image_handle* handle)
 {
     heif_image* image = nullptr;
-    const auto error = heif_decode_image(handle, &image, heif_colorspace_RGB, heif_chroma_interleaved_RGBA, nullptr);
-    return {failed(error) ? nullptr : image, &heif_image_release};
+    const auto error = heif().decode(handle, &image, heif_colorspace_RGB, heif_chroma_interleaved_RGBA, nullptr);
+    return {failed(error) ? nullptr : image, heif().release};
 }
 
 std::uint32_t premultiplied(const std::uint8_t* rgba)
@@ -42,9 +73,9 @@ std::uint32_t premultiplied(const std::uint8_t* rgba)
 Bitmap bitmapOf(const heif_image* image)
 {
     int stride = 0;
-    const std::uint8_t* plane = heif_image_get_plane_readonly(image, heif_channel_interleaved, &stride);
-    const int width = heif_image_get_width(image, heif_channel_interleaved);
-    const int height = heif_image_get_height(image, heif_channel_interleaved);
+    const std::uint8_t* plane = heif().plane(image, heif_channel_interleaved, &stride);
+    const int width = heif().width(image, heif_channel_interleaved);
+    const int height = heif().height(image, heif_channel_interleaved);
     auto bitmap = plane ? Bitmap::createUninitialized(width, height) : std::nullopt;
     if (!bitmap) return {};
     std::uint32_t* out = bitmap->mutablePixels();
@@ -68,13 +99,12 @@ bool isHeif(Bytes content)
 
 Bitmap decodeHeif(Bytes content)
 {
-    const Context context(heif_context_alloc(), &heif_context_free);
-    if (failed(heif_context_read_from_memory_without_copy(context.get(), content.data(), content.size(), nullptr))) {
-        return {};
-    }
+    if (!heif().library.isUsable()) return {};
+    const Context context(heif().newContext(), heif().freeContext);
+    if (failed(heif().read(context.get(), content.data(), content.size(), nullptr))) return {};
     const Handle handle = primaryPicture(context.get());
     if (!handle) return {};
-    if (!Bitmap::isPossible(heif_image_handle_get_width(handle.get()), heif_image_handle_get_height(handle.get()))) {
+    if (!Bitmap::isPossible(heif().widthOfHandle(handle.get()), heif().heightOfHandle(handle.get()))) {
         return {};
     }
     const Picture picture = decode(handle.get());
