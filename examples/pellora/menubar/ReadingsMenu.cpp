@@ -52,8 +52,7 @@ void ReadingsMenu::update()
         if (!identifier) continue;
         auto& line = lines_[key];
         if (!line) {
-            line = Platform::MenuItem::create("");
-            line->setEnabled(false);
+            line = Platform::MenuItem::create("");  // nothing to choose, but menus draw what is disabled too pale
             menu_->insertItem(line, place);
         }
         line->setTitle(lineOf(*monitor_.readings(), key, identifier->name()));

@@ -34,10 +34,12 @@ std::optional<double> percentage(const Space& space)
 
 DiskProvider::DiskProvider(std::string folder) : folder_(std::move(folder))
 {
-    if (!spaceOf(folder_)) return;
+    const auto space = spaceOf(folder_);
+    if (!space) return;
+    const auto whole = GraphScale::to(static_cast<double>(space->used + space->free));
     percent_ = addPercentage("disk.percent", text("DISK_PERCENT"));
-    used_ = addSize("disk.used", text("DISK_USED"));
-    free_ = addSize("disk.free", text("DISK_FREE"));
+    used_ = addSize("disk.used", text("DISK_USED"), whole);
+    free_ = addSize("disk.free", text("DISK_FREE"), whole);
 }
 
 void DiskProvider::update(double /*elapsed*/)

@@ -51,6 +51,11 @@ std::optional<double> percentage(std::optional<std::uint64_t> part, std::optiona
     return 100.0 * static_cast<double>(*part) / static_cast<double>(*whole);
 }
 
+GraphScale upTo(std::uint64_t bytes)
+{
+    return GraphScale::to(static_cast<double>(bytes));
+}
+
 }  // namespace
 
 MemoryProvider::MemoryProvider() : file_(Platform::SystemRoots::shared().proc() + "/meminfo")
@@ -58,9 +63,10 @@ MemoryProvider::MemoryProvider() : file_(Platform::SystemRoots::shared().proc() 
     const MemoryInfo info = memoryInfoFrom(file_.read());
     if (!info.total || !info.available) return;
     percent_ = addPercentage("memory.percent", text("MEMORY_PERCENT"));
-    used_ = addSize("memory.used", text("MEMORY_USED"));
-    total_ = addSize("memory.total", text("MEMORY_TOTAL"));
-    if (info.swapTotal.value_or(0) > 0) swap_ = addSize("swap.used", text("SWAP_USED"));
+    used_ = addSize("memory.used", text("MEMORY_USED"), upTo(*info.total));
+    total_ = addSize("memory.total", text("MEMORY_TOTAL"), GraphScale::none());
+    const auto swap = info.swapTotal.value_or(0);
+    if (swap > 0) swap_ = addSize("swap.used", text("SWAP_USED"), upTo(swap));
 }
 
 void MemoryProvider::update(double /*elapsed*/)

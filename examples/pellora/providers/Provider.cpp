@@ -6,21 +6,21 @@ using Category = Fennick::IdentifierCategory;
 
 NumberReading Provider::addPercentage(const std::string& key, const std::string& name)
 {
-    auto reading = std::make_shared<Percentage>(key, name);
+    auto reading = std::make_shared<Measure>(GraphScale::to(100), key, name, Category::percentage, 1);
     add(reading);
     return reading;
 }
 
-NumberReading Provider::addSize(const std::string& key, const std::string& name)
+NumberReading Provider::addSize(const std::string& key, const std::string& name, GraphScale graph)
 {
-    auto reading = std::make_shared<Fennick::NumberIdentifier>(key, name, Category::size, false);
+    auto reading = std::make_shared<Measure>(graph, key, name, Category::size, false);
     add(reading);
     return reading;
 }
 
-NumberReading Provider::addRaw(const std::string& key, const std::string& name, int decimals)
+NumberReading Provider::addRaw(const std::string& key, const std::string& name, int decimals, GraphScale graph)
 {
-    auto reading = std::make_shared<Fennick::NumberIdentifier>(key, name, decimals);
+    auto reading = std::make_shared<Measure>(graph, key, name, decimals);
     add(reading);
     return reading;
 }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "Fennick/datastore/DataStore.h"
@@ -15,13 +16,30 @@ namespace Pellora {
 
 using NumberReading = std::shared_ptr<Fennick::NumberIdentifier>;
 
-// A reading between 0 and 100.
-class Percentage final : public Fennick::NumberIdentifier {
+// What the full height of a reading's graph stands for: a number that the
+// readings hardly pass, the highest of them where there is no such number, or
+// nothing, for what never changes and needs no graph.
+struct GraphScale {
+    enum class Kind { none, toHighest, fixed };
+    Kind kind = Kind::toHighest;
+    double full = 0;
+
+    static constexpr GraphScale to(double number) { return {Kind::fixed, number}; }
+    static constexpr GraphScale none() { return {Kind::none, 0}; }
+};
+
+// A number with the scale of its graph.
+class Measure final : public Fennick::NumberIdentifier {
 public:
-    Percentage(const std::string& key, const std::string& name)
-        : NumberIdentifier(key, name, Fennick::IdentifierCategory::percentage, 1)
+    template <typename... Arguments>
+    explicit Measure(GraphScale graph, Arguments&&... arguments)
+        : NumberIdentifier(std::forward<Arguments>(arguments)...), graph_(graph)
     {
     }
+    GraphScale graph() const { return graph_; }
+
+private:
+    const GraphScale graph_;
 };
 
 // What Pellora's data providers have in common: a store, and the keys of their
@@ -41,8 +59,8 @@ protected:
     // New readings, named in the user's language: a percentage (0 to 100) with at
     // most one decimal, a number of bytes, a number with fixed decimals.
     NumberReading addPercentage(const std::string& key, const std::string& name);
-    NumberReading addSize(const std::string& key, const std::string& name);
-    NumberReading addRaw(const std::string& key, const std::string& name, int decimals);
+    NumberReading addSize(const std::string& key, const std::string& name, GraphScale graph = {});
+    NumberReading addRaw(const std::string& key, const std::string& name, int decimals, GraphScale graph = {});
     void add(const std::shared_ptr<Fennick::Identifier>& reading);
 
 private:

@@ -24,6 +24,8 @@ constexpr Source sources[] = {
 constexpr std::array processorSensors{"coretemp",     "k10temp",     "zenpower",   "cpu_thermal",
                                       "x86_pkg_temp", "cpu-thermal", "soc_thermal"};
 
+constexpr double hottest = 100;  // degrees, where processors slow down
+
 using Readable = std::unique_ptr<SystemFile>;
 
 Readable sensorBelow(const std::string& folder, const Source& source)
@@ -65,7 +67,7 @@ Readable firstZone()
 TemperatureProvider::TemperatureProvider() : sensor_(processorSensor())
 {
     if (!sensor_) sensor_ = firstZone();
-    if (sensor_) reading_ = addRaw("temperature", text("TEMPERATURE"), 1);
+    if (sensor_) reading_ = addRaw("temperature", text("TEMPERATURE"), 1, GraphScale::to(hottest));
 }
 
 void TemperatureProvider::update(double /*elapsed*/)

@@ -35,7 +35,9 @@ std::string graphOf(const Fennick::IDataStore& readings, const std::string& key,
 {
     const auto history = width > 0 && readings.valueFor(key) ? readings.historyFor(key) : std::nullopt;
     if (!history) return {};
-    return sparkline(*history, width, readings.identifierAs<Percentage>(key) ? 100 : 0);
+    const auto measure = readings.identifierAs<Measure>(key);
+    const GraphScale graph = measure ? measure->graph() : GraphScale();
+    return graph.kind == GraphScale::Kind::none ? std::string() : sparkline(*history, width, graph.full);
 }
 
 }  // namespace Pellora

@@ -26,7 +26,9 @@ TEST(GraphPoints, KeepWhatCanBeSeen)
 struct StatusBarDisplayTest : testing::Test, Tests::BarWithoutDesktop {
     StatusBarDisplayTest()
     {
-        machine.write({{"proc/stat", "cpu 0 0 0 0\n"}, {"proc/loadavg", "1 2 3 1/1 1\n"}});
+        machine.write({{"proc/stat", "cpu 0 0 0 0\n"},
+                       {"proc/meminfo", "MemTotal: 8 kB\nMemAvailable: 4 kB\n"},
+                       {"proc/loadavg", "1 2 3 1/1 1\n"}});
         Settings settings;
         settings.disk = "/no such disk";
         settings.hotkey.clear();
@@ -73,6 +75,9 @@ TEST_F(StatusBarDisplayTest, ReadingsStandInTheMenuAndChangeWhileItIsOpen)
     const std::string still = "▁▁▁▁▁▁▁▁▁▁▁";
     refresh("cpu 1 0 0 1\n");
     const std::vector<std::string> first{still + "▅  Processor: 50 %",
+                                         still + "▅  Memory: 50 %",
+                                         still + "▅  Memory used: 4 KB",
+                                         "Memory installed: 8 KB",
                                          still + "█  Load, 1 min: 1.00",
                                          still + "█  Load, 5 min: 2.00",
                                          still + "█  Load, 15 min: 3.00",
