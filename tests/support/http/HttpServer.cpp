@@ -4,7 +4,6 @@
 #include <stdexcept>
 
 #include <arpa/inet.h>
-#include <openssl/ssl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -50,18 +49,10 @@ class HttpServer::Socket final : public HttpConnection {
 public:
     explicit Socket(Platform::FileDescriptor descriptor) : descriptor_(std::move(descriptor)) {}
 
-    bool startTls(const TlsIdentity& identity)
-    {
-        tls_.reset(SSL_new(identity.context()), SSL_free);
-        SSL_set_fd(tls_.get(), descriptor_.get());
-        return SSL_accept(tls_.get()) == 1;
-    }
-
     bool send(std::string_view bytes) override
     {
         while (!bytes.empty()) {
-            const auto sent = tls_ ? SSL_write(tls_.get(), bytes.data(), static_cast<int>(bytes.size()))
-                                   : ::send(descriptor_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+            const auto sent = ::send(descriptor_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
             if (sent <= 0) return false;
             bytes.remove_prefix(static_cast<std::size_t>(sent));
         }
@@ -71,8 +62,7 @@ public:
     bool receive(std::string& bytes)
     {
         char chunk[16384];
-        const auto count =
-            tls_ ? SSL_read(tls_.get(), chunk, sizeof chunk) : ::recv(descriptor_.get(), chunk, sizeof chunk, 0);
+        const auto count = ::recv(descriptor_.get(), chunk, sizeof chunk, 0);
         if (count > 0) bytes.append(chunk, static_cast<std::size_t>(count));
         return count > 0;
     }
@@ -87,11 +77,10 @@ public:
 
 private:
     Platform::FileDescriptor descriptor_;
-    std::shared_ptr<SSL> tls_;
 };
 
-HttpServer::HttpServer(Handler handler, const TlsIdentity* identity)
-    : handler_(std::move(handler)), identity_(identity), listener_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+HttpServer::HttpServer(Handler handler)
+    : handler_(std::move(handler)), listener_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
 {
     sockaddr_in address{};
     address.sin_family = AF_INET;
@@ -115,8 +104,7 @@ HttpServer::~HttpServer()
 
 std::string HttpServer::url(std::string_view path) const
 {
-    return (identity_ != nullptr ? "https://127.0.0.1:" : "http://127.0.0.1:") + std::to_string(port_) +
-           std::string(path);
+    return "http://127.0.0.1:" + std::to_string(port_) + std::string(path);
 }
 
 void HttpServer::accept()
@@ -135,7 +123,6 @@ void HttpServer::accept()
 
 void HttpServer::serve(Socket& socket) const
 {
-    if (identity_ != nullptr && !socket.startTls(*identity_)) return;
     std::string bytes;
     for (;;) {
         auto request = takeRequest(bytes);

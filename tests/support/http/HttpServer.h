@@ -1,11 +1,14 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 #include <list>
+#include <memory>
+#include <string>
 #include <thread>
+#include <vector>
 
 #include "platform/runtime/FileDescriptor.h"
-#include "tests/support/http/TlsIdentity.h"
 
 namespace Tests {
 
@@ -29,14 +32,14 @@ public:
     virtual void awaitEnd() = 0;
 };
 
-// An HTTP/1.1 server on 127.0.0.1 for a scope, plain or with TLS, a thread a
-// connection. The handler answers each request and returns whether the
-// connection stays. Thread: the handler runs on many.
+// An HTTP/1.1 server on 127.0.0.1 for a scope, a thread a connection. The
+// handler answers each request and returns whether the connection stays.
+// Thread: the handler runs on many.
 class HttpServer {
 public:
     using Handler = std::function<bool(const HttpRequest&, HttpConnection&)>;
 
-    explicit HttpServer(Handler handler, const TlsIdentity* identity = nullptr);
+    explicit HttpServer(Handler handler);
     ~HttpServer();
 
     // "http://127.0.0.1:4711" and the path.
@@ -49,7 +52,6 @@ private:
     void serve(Socket& socket) const;
 
     const Handler handler_;
-    const TlsIdentity* const identity_;
     Platform::FileDescriptor listener_;
     int port_ = 0;
     std::atomic<int> accepted_ = 0;
