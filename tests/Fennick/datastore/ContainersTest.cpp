@@ -17,14 +17,6 @@ using Numbers = RKDictionary<std::string, int>;
 
 }  // namespace
 
-TEST(ThreadedObject, GetsLabelsThatCountFromZero)
-{
-    Platform::Shared<LabelDispatch::Counter>::Override fresh;
-    const ThreadedObject<int> first(0, ThreadingType::serial);
-    const Numbers second;
-    EXPECT_EQ(first.label() + " " + second.label(), "com.threading.dispatchqueue_0 com.threading.dispatchqueue_1");
-}
-
 TEST(ThreadedObject, KeepsItsValueForWritesThatArePendingWhenItEnds)
 {
     Platform::Semaphore done(0);

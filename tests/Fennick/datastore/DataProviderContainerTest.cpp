@@ -1,8 +1,4 @@
-#include <chrono>
-#include <thread>
-
 #include <gtest/gtest.h>
-#include <malloc.h>
 
 #include "Fennick/datastore/DataProviderContainer.h"
 #include "Fennick/datastore/DataStore.h"
@@ -164,36 +160,4 @@ TEST_F(ContainerTest, LivesAsLongAsItsTimerAndEndsInsideItsOwnRefresh)
     letPass(1);
     EXPECT_EQ(provider->elapsed.size(), 1U);
     EXPECT_TRUE(watched.expired());
-}
-
-// A day in a program that is optimised; some minutes where it is not, or is watched by a sanitizer.
-#if defined(__OPTIMIZE__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-constexpr int soakTicks = 24 * 3600 * 10;
-#else
-constexpr int soakTicks = 2'000;
-#endif
-
-// 200 keys, ten times a second: what is in use once all is warm is all that is ever needed.
-TEST_F(ContainerTest, NeedsNoMoreMemoryAfterManyTicks)
-{
-    std::vector<std::string> keys;
-    for (int at = 1; at < 200; ++at) {
-        keys.push_back("key " + std::to_string(at));
-        provider->store()->add(std::make_shared<NumberIdentifier>(keys.back()));
-    }
-    provider->onUpdate = [&] {
-        provider->elapsed.clear();
-        for (const std::string& key : keys) provider->store()->set(1, key);
-    };
-    container->addProvider(provider);
-    container->setInterval(0.1);
-    for (int tick = 0; tick < 200; ++tick) letPass(0.1);
-    const std::size_t before = mallinfo2().uordblks;
-    for (int tick = 0; tick < soakTicks; ++tick) letPass(0.1);
-    // The last blocks end on a background thread, a moment after they have run.
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    const auto hasGrown = [&] { return mallinfo2().uordblks > before + 64 * 1024; };
-    while (hasGrown() && std::chrono::steady_clock::now() < deadline) std::this_thread::yield();
-    EXPECT_FALSE(hasGrown());
-    EXPECT_EQ(container->valueAs<int>("count"), soakTicks + 200);
 }

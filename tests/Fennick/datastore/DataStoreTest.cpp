@@ -74,10 +74,12 @@ TEST_F(DataStoreWithReadings, WritesOnlyWhatStandsUnderTheKeyItself)
     EXPECT_EQ(store.stringFor("host"), "box");
     EXPECT_FALSE(store.contains("missing"));
 
+    store.setString("ok", 2.5, "host");
     store.setString("ok", 1.5, "host");
     EXPECT_EQ(store.stringFor("host"), "ok");
     store.increment(1, "host");
     EXPECT_EQ(store.valueFor("host"), Number(1.5));
+    EXPECT_EQ(store.maxFor("host"), Number(2.5));
     store.setString(std::nullopt, "host");
     EXPECT_EQ(store.stringFor("host"), "-");
 }
@@ -109,7 +111,7 @@ TEST_F(DataStoreWithReadings, WritesAndReadsInEachType)
     EXPECT_EQ(store.historyAs<CGFloat>("cpu").back(), CGFloat(300.1F));
 }
 
-TEST_F(DataStoreWithReadings, GivesEveryIdentifierItsHistoryLength)
+TEST_F(DataStoreWithReadings, GivesEveryIdentifierItsHistoryLengthMergesAndRemoves)
 {
     store.set(5, "cpu");
     store.setHistorySize(10);
@@ -117,10 +119,7 @@ TEST_F(DataStoreWithReadings, GivesEveryIdentifierItsHistoryLength)
     EXPECT_EQ(store.historyAs<int>("host").size(), 10U);
     store.add(std::make_shared<NumberIdentifier>("late"));
     EXPECT_EQ(store.historyAs<int>("late").size(), 10U);
-}
 
-TEST_F(DataStoreWithReadings, MergesAndRemoves)
-{
     DataStore other;
     const auto replacement = std::make_shared<NumberIdentifier>("cpu");
     other.setHistorySize(3);
@@ -130,7 +129,7 @@ TEST_F(DataStoreWithReadings, MergesAndRemoves)
     store.merge(store);
     EXPECT_EQ(store.identifierFor("cpu"), replacement);
     EXPECT_EQ(store.historyFor("new")->size(), 3U);
-    EXPECT_EQ(store.data().count(), 6U);
+    EXPECT_EQ(store.data().count(), 7U);
 
     store.add(nullptr);
     store.data().set("null", std::shared_ptr<Identifier>());

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "Fennick/datastore/NumberIdentifier.h"
-#include "Fennick/datastore/StringIdentifier.h"
 #include "tests/fakes/FakeEnvironment.h"
 
 using namespace Fennick;
@@ -51,23 +50,6 @@ TEST(Value, ShowsItsNumberByCategoryDecimalsAndSign)
     }
 }
 
-TEST(NumberIdentifier, FillsWhatAConstructorLeavesOut)
-{
-    const auto icon = Platform::ImageRef(std::make_shared<int>(), static_cast<Platform::Image*>(nullptr));
-    const auto shown = [](NumberIdentifier&& identifier) {
-        identifier.set(-1.5);
-        return identifier.description();
-    };
-    EXPECT_EQ(shown(NumberIdentifier("key", icon)), "-1");
-    EXPECT_EQ(shown({"key", "Name", 2}), "-1.50");
-    EXPECT_EQ(shown({"key", "Name", 1, icon}), "-1.5");
-    EXPECT_EQ(shown({"key", "Name", Category::percentage}), "-1 %");
-    EXPECT_EQ(shown({"key", "Name", Category::percentage, 1}), "-1.5 %");
-    EXPECT_EQ(shown({"key", "Name", Category::raw, false, icon}), "18446744073709551615");
-    EXPECT_EQ(shown({"key", "Name", Category::raw, false, 3}), "-1.500");
-    EXPECT_EQ(shown({"key", "Name", Category::raw, true, 0, icon}), "-1");
-}
-
 TEST(NumberIdentifier, SlidesItsHistoryOfAnySizeAndWidensItsExtremes)
 {
     NumberIdentifier identifier("key");
@@ -80,6 +62,9 @@ TEST(NumberIdentifier, SlidesItsHistoryOfAnySizeAndWidensItsExtremes)
     EXPECT_EQ(identifier.description(), "-");
     identifier.set(4U);
     EXPECT_EQ(doubles(identifier.history()), (std::vector<double>{3, 9, 4}));
+    identifier.setHistory({Number(1), Number(2.5)});
+    for (int reading = 3; reading < 50; ++reading) identifier.set(reading);
+    EXPECT_EQ(doubles(identifier.history()), (std::vector<double>{48, 49}));
     for (const std::int64_t size : {0, -7}) {
         identifier.setHistorySize(size);
         EXPECT_EQ(identifier.historySize(), size);
@@ -89,43 +74,5 @@ TEST(NumberIdentifier, SlidesItsHistoryOfAnySizeAndWidensItsExtremes)
         identifier.set(8);
         EXPECT_EQ(doubles(identifier.history()), std::vector<double>{8});
     }
-    EXPECT_EQ(doubles({*identifier.min(), *identifier.max()}), (std::vector<double>{3, 9}));
-}
-
-TEST(NumberHistory, SlidesLikeAListThroughEveryMixOfChanges)
-{
-    NumberHistory ring(4);
-    std::vector<Number> model(4, 0.0);
-    unsigned random = 1;
-    for (int step = 0; step < 5000; ++step) {
-        random = random * 1664525 + 1013904223;
-        const auto choice = random >> 28;
-        if (choice < 12) {
-            if (!model.empty()) model.erase(model.begin());
-            if (choice < 11) model.emplace_back(step + 0.5);
-            choice < 11 ? ring.push(step + 0.5) : ring.dropOldest();
-        } else if (choice < 14) {
-            model.assign(choice - 9, 0.0);
-            ring.fillWithZeros(choice - 9);
-        } else {
-            model.assign(random >> 20 & 15, choice == 14 ? Number(step) : Number(step + 0.5));
-            ring.assign(model);
-        }
-        const auto numbers = ring.numbers();
-        ASSERT_EQ(numbers, model);
-        for (std::size_t at = 0; at < model.size(); ++at) ASSERT_EQ(numbers[at].kind(), model[at].kind());
-    }
-}
-
-TEST(StringIdentifier, KeepsANumberBehindItsText)
-{
-    StringIdentifier counted("key", "Name", std::nullopt, 4.5);
-    EXPECT_EQ(counted.description(), "-");
-    EXPECT_EQ(counted.history().back(), Number(4.5));
-    counted.setString("six", 6);
-    counted.setString("other");
-    EXPECT_EQ(counted.description(), "other");
-    EXPECT_EQ(doubles({*counted.value(), *counted.min(), *counted.max()}), (std::vector<double>{6, 4.5, 6}));
-    counted.setHistorySize(2);
-    EXPECT_EQ(doubles(counted.history()), (std::vector<double>{0, 0}));
+    EXPECT_EQ(doubles({*identifier.min(), *identifier.max()}), (std::vector<double>{3, 49}));
 }

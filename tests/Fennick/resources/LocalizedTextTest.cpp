@@ -2,25 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "Fennick/Bundle.h"
 #include "Fennick/LocalizedText.h"
 #include "Fennick/resource_bundle_accessor.h"
 #include "Lorrel/resource_bundle_accessor.h"
 #include "platform/runtime/Shared.h"
 #include "tests/fakes/FakeEnvironment.h"
 #include "tests/support/TemporaryDirectory.h"
-
-using Platform::Bundle;
-
-namespace {
-
-std::shared_ptr<Bundle> bundleWith(const Tests::TemporaryDirectory& folder, const char* file, const std::string& pairs)
-{
-    folder.write(std::string("T.bundle/") + file, "<plist version=\"1.0\"><dict>" + pairs + "</dict></plist>");
-    return Bundle::open(folder / "T.bundle");
-}
-
-}  // namespace
 
 TEST(LocalizedText, ShowsTheKeyUnlessTheTextKeepsItsPromise)
 {
@@ -38,8 +25,10 @@ TEST(LocalizedText, ShowsTheKeyUnlessTheTextKeepsItsPromise)
     };
     for (const auto& given : cases) {
         const Tests::TemporaryDirectory folder;
-        const auto bundle = bundleWith(folder, "en.lproj/Localizable.strings",
-                                       std::string("<key>K</key><string>") + given.text + "</string>");
+        folder.write(
+            "T.bundle/en.lproj/Localizable.strings",
+            std::string("<plist version=\"1.0\"><dict><key>K</key><string>") + given.text + "</string></dict></plist>");
+        const auto bundle = Platform::Bundle::open(folder / "T.bundle");
         EXPECT_EQ(Fennick::localizedText(*bundle, "K"), given.plain) << given.text;
         EXPECT_EQ(Fennick::localizedText(*bundle, "K", -7), given.number) << given.text;
         EXPECT_EQ(Fennick::localizedText(*bundle, "K", "5%d"), given.argument) << given.text;
@@ -67,16 +56,4 @@ TEST(ResourceTables, HoldEveryKeyInEveryLanguage)
         yesterdays.insert(Fennick::Resources::text("YESTERDAY"));
     }
     EXPECT_EQ(yesterdays.size(), 9u);
-}
-
-TEST(BundleTexts, FallBackWhereTheDictionaryHasNoText)
-{
-    const Tests::TemporaryDirectory folder;
-    const auto textsOf = [&](const std::string& pairs) {
-        const auto bundle = bundleWith(folder, "Info.plist", pairs);
-        return Fennick::bundleName(*bundle) + " " + Fennick::shortVersion(*bundle);
-    };
-    const std::string version = "<key>CFBundleShortVersionString</key>";
-    EXPECT_EQ(textsOf(version + "<string>2.10</string><key>CFBundleName</key><string>Ada</string>"), "Ada 2.10");
-    EXPECT_EQ(textsOf(version + "<integer>2</integer>"), "Unknown App Unknown Version");
 }
