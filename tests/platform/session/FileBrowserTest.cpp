@@ -13,12 +13,9 @@ namespace {
 
 class FileBrowserTest : public testing::Test {
 protected:
-    FileBrowserTest() : environment(folder.path())
+    FileBrowserTest()
     {
-        // An xdg-open that notes what it is given.
-        const auto opener = folder.write("bin/xdg-open", "#!/bin/sh\necho \"$1\" > \"" + folder / "opened" + "\"\n");
-        std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
-        environment->set("PATH", folder / "bin:/bin:/usr/bin");
+        environment->set("PATH", "::relative:/missing:" + folder / "bin:/bin:/usr/bin");
         environment->set("DBUS_SESSION_BUS_ADDRESS", bus.address());
     }
 
@@ -48,36 +45,48 @@ protected:
     }
 
     Tests::TemporaryDirectory folder;
+    // An xdg-open that notes what it is given.
+    std::string opener = folder.write("bin/xdg-open", "#!/bin/sh\necho \"$1\" > \"" + folder / "opened" + "\"\n");
     Tests::PrivateBus bus;
-    Tests::ReplacedEnvironment environment;
+    Tests::ReplacedEnvironment environment{folder.path()};
     Tests::ReplacedLog log;
     Shared<Workspace>::Override fresh;
     Shared<BusConnection>::Override freshBus;
+    Workspace& workspace = Workspace::shared();
     std::vector<std::string> shown;
 };
 
-TEST_F(FileBrowserTest, ShowsTheEntrySelected)
+TEST_F(FileBrowserTest, AnEntryIsSelectedOrElseItsFolderOpened)
 {
-    const auto service = browser(false);
-    EXPECT_TRUE(Workspace::shared().selectFile("/a b/caf\xe9.txt", "/a b"));
-    EXPECT_TRUE(Tests::eventually([&] { return !shown.empty(); }));
-    EXPECT_EQ(shown, std::vector<std::string>{"ShowItems file:///a%20b/caf%E9.txt"});
-}
-
-TEST_F(FileBrowserTest, WithoutBrowserOrBusAndAfterARefusalTheFolderIsOpened)
-{
+    std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
+    {
+        const auto service = browser(false);
+        EXPECT_TRUE(workspace.selectFile("/a b/caf\xe9.txt", "/a b"));
+        EXPECT_TRUE(Tests::eventually([&] { return !shown.empty(); }));
+        EXPECT_EQ(shown, std::vector<std::string>{"ShowItems file:///a%20b/caf%E9.txt"});
+    }
     {
         const auto service = browser(true);
-        EXPECT_TRUE(Workspace::shared().selectFile("/a/b", "/a"));
+        EXPECT_TRUE(workspace.selectFile("/a/b", "/a"));
         EXPECT_TRUE(isOpened("file:///a/"));
         EXPECT_EQ(log->count("no window today"), 1u);
     }
-    EXPECT_TRUE(Workspace::shared().selectFile("/c/d", "/c"));
+    EXPECT_TRUE(workspace.selectFile("/c/d", "/c")) << "no browser";
     EXPECT_TRUE(isOpened("file:///c/"));
     bus.stop();
-    EXPECT_TRUE(Workspace::shared().selectFile("/e/f", "/e"));
+    EXPECT_TRUE(workspace.selectFile("/e/f", "/e")) << "no bus";
     EXPECT_TRUE(isOpened("file:///e/"));
-    EXPECT_FALSE(Workspace::shared().selectFile("/", ""));
+    EXPECT_FALSE(workspace.selectFile("/", ""));
+}
+
+TEST_F(FileBrowserTest, LocationsReachTheOpenerUnchanged)
+{
+    environment->set("PATH", "::relative:/missing:" + folder / "bin");
+    std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
+    for (const char* text : {"x-example.settings:com.example.pane?Privacy_A%20b&c='d';$HOME", "file:///a%20b%25/"}) {
+        EXPECT_TRUE(workspace.openURL(*Url::parse(text)));
+        EXPECT_TRUE(isOpened(text));
+    }
 }
 
 }  // namespace
