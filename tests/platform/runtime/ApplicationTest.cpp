@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include "platform/runtime/Application.h"
-#include "platform/runtime/FatalError.h"
 #include "platform/runtime/RunLoop.h"
 #include "platform/runtime/Shared.h"
 
@@ -14,11 +13,9 @@ using Platform::Application;
 
 namespace {
 
-// Refuses as often as told, then agrees.
+// Refuses to end twice, then agrees.
 class Delegate final : public Platform::ApplicationDelegate {
 public:
-    explicit Delegate(int refusals) : refusals_(refusals) {}
-
     void applicationDidFinishLaunching() override
     {
         calls.emplace_back("launched");
@@ -27,16 +24,14 @@ public:
     bool applicationShouldTerminate() override
     {
         calls.emplace_back("asked");
-        if (refusals_-- <= 0) return true;
+        if (refusals-- <= 0) return true;
         ::kill(::getpid(), SIGTERM);
         return false;
     }
     void applicationWillTerminate() override { calls.emplace_back("ending"); }
 
     std::vector<std::string> calls;
-
-private:
-    int refusals_;
+    int refusals = 2;
 };
 
 }  // namespace
@@ -44,21 +39,7 @@ private:
 TEST(Application, SignalsAskTheDelegateWhichMayRefuse)
 {
     const Platform::Shared<Application>::Override fresh;
-    const auto delegate = std::make_shared<Delegate>(2);
+    const auto delegate = std::make_shared<Delegate>();
     EXPECT_EQ(Platform::applicationMain(0, nullptr, [&] { return delegate; }), 0);
     EXPECT_EQ(delegate->calls, (std::vector<std::string>{"launched", "asked", "asked", "asked", "ending"}));
-}
-
-TEST(Application, TerminateBeforeRunningEndsAtOnce)
-{
-    const Platform::Shared<Application>::Override fresh;
-    Application::shared().terminate();
-    Application::shared().run();
-    EXPECT_TRUE(Application::shared().isTerminating());
-}
-
-TEST(FatalErrorDeathTest, NamesItsSourceAndAborts)
-{
-    EXPECT_EXIT(Platform::fatalError("Could not.", "Room/File"), testing::KilledBySignal(SIGABRT),
-                "^Room/File: Fatal error: Could not\\.\n$");
 }

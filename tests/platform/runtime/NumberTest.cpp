@@ -51,16 +51,12 @@ TEST(Number, RemembersItsTypeAndReadsBackWhole)
     }
 }
 
-TEST(Number, NarrowReadingsWrapAndFloatsRound)
+TEST(Number, NarrowReadingsWrapFloatsRoundAndEqualMeansEveryBit)
 {
     EXPECT_EQ(Number(300).as<unsigned char>(), 44);
     EXPECT_EQ(Number(1e20).as<int>(), -1);  // saturated to 64 bits, then the low half
     EXPECT_EQ(Number(highestUnsigned).doubleValue(), 18446744073709551616.0);
     EXPECT_EQ(Number(0.1).as<CGFloat>().value, static_cast<double>(0.1F));
-}
-
-TEST(Number, EqualByValueAcrossTypesWithoutLosingBits)
-{
     EXPECT_EQ(Number(1), Number(1.0));
     EXPECT_EQ(Number(true), Number(1U));
     EXPECT_NE(Number(highestUnsigned), Number(-1));
