@@ -18,24 +18,19 @@ namespace {
 const std::string app = "com.orvane.pellora";
 const std::string starter = "com.orvane.pelloralauncher";
 
-struct LoginItemAutoStartTest : testing::Test {
+struct AutoStartTest : testing::Test {
     Tests::ReplacedLoginItems items;
-    Tests::ReplacedDistributedNotificationCenter center;
-    Tests::ReplacedWorkspace workspace;
-    LoginItemAutoStartController controller{app, starter};
-};
-
-struct MainAppAutoStartTest : testing::Test {
     Tests::ReplacedApplicationServices services;
     Tests::ReplacedDistributedNotificationCenter center;
     Tests::ReplacedWorkspace workspace;
+    LoginItemAutoStartController throughStarter{app, starter};
     std::shared_ptr<Tests::FakeApplicationService> item = std::make_shared<Tests::FakeApplicationService>();
-    MainAppAutoStartController controller{starter, item};
+    MainAppAutoStartController directly{starter, item};
 };
 
 }  // namespace
 
-TEST_F(LoginItemAutoStartTest, TheFirstJobWithTheStartersLabelDecides)
+TEST_F(AutoStartTest, TheFirstJobWithTheStartersLabelDecides)
 {
     const auto job = [](const PropertyList& label, const PropertyList& onDemand) {
         return JobDictionary{{"Label", label}, {"OnDemand", onDemand}};
@@ -53,105 +48,80 @@ TEST_F(LoginItemAutoStartTest, TheFirstJobWithTheStartersLabelDecides)
         {{{job(starter, "true")}}, false},
         {{{JobDictionary(), {{"OnDemand", true}}, job(7, true), shorter, on}}, true},
     };
-    for (const auto& [jobs, isEnabled] : rows) {
-        items->jobs = jobs;
-        EXPECT_EQ(controller.isEnabled(), isEnabled);
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        items->jobs = rows[row].first;
+        EXPECT_EQ(throughStarter.isEnabled(), rows[row].second) << "row " << row;
     }
 }
 
-TEST_F(LoginItemAutoStartTest, SwitchesTheStarterAndDropsRefusals)
+TEST_F(AutoStartTest, SwitchesTheStarterAndDropsRefusals)
 {
-    controller.setEnabled(true);
-    EXPECT_TRUE(controller.isEnabled());
-    controller.disable();
-    EXPECT_FALSE(controller.isEnabled());
+    throughStarter.enable();
+    EXPECT_TRUE(throughStarter.isEnabled());
     items->isRefusing = true;
-    controller.enable();
-    controller.setEnabled(false);
-    EXPECT_FALSE(controller.isEnabled());
-    EXPECT_EQ(items->wishes, (std::vector<std::pair<std::string, bool>>{
-                                 {starter, true}, {starter, false}, {starter, true}, {starter, false}}));
+    throughStarter.disable();
+    throughStarter.setEnabled(false);
+    EXPECT_TRUE(throughStarter.isEnabled());
+    EXPECT_EQ(items->wishes,
+              (std::vector<std::pair<std::string, bool>>{{starter, true}, {starter, false}, {starter, false}}));
 }
 
-TEST_F(LoginItemAutoStartTest, TellsARunningStarterToEnd)
+TEST_F(AutoStartTest, TellsARunningStarterToEnd)
 {
     using Posted = Tests::FakeDistributedNotificationCenter::Posted;
-    controller.handleMainAppLaunch();
-    EXPECT_TRUE(center->posted.empty());
-
     workspace->run(starter + ".other");
-    controller.handleMainAppLaunch();
+    throughStarter.handleMainAppLaunch();
     EXPECT_TRUE(center->posted.empty());
 
     workspace->run(starter);
-    controller.handleMainAppLaunch();
+    throughStarter.handleMainAppLaunch();
     LoginItemAutoStartController(std::nullopt, starter).handleMainAppLaunch();
     EXPECT_EQ(center->posted, (std::vector<Posted>{{"killme", app}, {"killme", std::nullopt}}));
 }
 
-TEST_F(MainAppAutoStartTest, IsEnabledAnswersForThePlatformsMainApp)
+TEST_F(AutoStartTest, RegistersAndUnregistersUnlessApprovalIsDue)
 {
-    for (const auto& [status, isEnabled] :
-         {std::pair(Status::notRegistered, false), std::pair(Status::enabled, true),
-          std::pair(Status::requiresApproval, false), std::pair(Status::notFound, false)}) {
+    for (const Status status : {Status::notRegistered, Status::enabled, Status::requiresApproval, Status::notFound}) {
         services->mainApp->state = status;
-        item->state = status == Status::enabled ? Status::notRegistered : Status::enabled;
-        EXPECT_EQ(controller.isEnabled(), isEnabled);
-    }
-}
-
-TEST_F(MainAppAutoStartTest, RegistersAndUnregistersUnlessApprovalIsDue)
-{
-    struct Row {
-        Status status;
-        void (*use)(MainAppAutoStartController&);
-        Calls calls;
-        int settings;
-    };
-    const auto on = [](MainAppAutoStartController& used) { used.setEnabled(true); };
-    const auto off = [](MainAppAutoStartController& used) { used.setEnabled(false); };
-    const auto enable = [](MainAppAutoStartController& used) { used.enable(); };
-    const auto disable = [](MainAppAutoStartController& used) { used.disable(); };
-    for (const bool isRefusing : {false, true}) {
-        for (const Row& row : std::vector<Row>{{Status::notRegistered, on, {"register"}, 0},
-                                               {Status::enabled, off, {"unregister"}, 0},
-                                               {Status::requiresApproval, on, {}, 1},
-                                               {Status::requiresApproval, off, {}, 1},
-                                               {Status::requiresApproval, enable, {"register"}, 0},
-                                               {Status::requiresApproval, disable, {"unregister"}, 0}}) {
-            item->state = row.status;
-            item->isRefusing = isRefusing;
+        EXPECT_EQ(directly.isEnabled(), status == Status::enabled) << "whatever the item says";
+        for (const bool isOn : {true, false}) {
+            item->state = status;
             item->calls.clear();
             services->settingsOpened = 0;
-            row.use(controller);
-            EXPECT_EQ(item->calls, row.calls);
-            EXPECT_EQ(services->settingsOpened, row.settings);
+            directly.setEnabled(isOn);
+            const bool isDue = status == Status::requiresApproval;
+            EXPECT_EQ(item->calls, isDue ? Calls() : Calls{isOn ? "register" : "unregister"});
+            EXPECT_EQ(services->settingsOpened, isDue ? 1 : 0);
         }
     }
+    item->calls.clear();
+    item->state = Status::requiresApproval;
+    directly.enable();
+    directly.disable();
+    EXPECT_EQ(item->calls, (Calls{"register", "unregister"}));
 }
 
-TEST_F(MainAppAutoStartTest, MovesOnceFromAnEnabledStarterAndNeverPosts)
+TEST_F(AutoStartTest, MovesOnceFromAnEnabledStarterAndNeverPosts)
 {
     const auto old = std::make_shared<Tests::FakeApplicationService>();
     services->loginItems[starter] = old;
     workspace->run(starter);
     for (const Status status : {Status::notRegistered, Status::requiresApproval, Status::notFound}) {
         old->state = status;
-        controller.handleMainAppLaunch();
+        directly.handleMainAppLaunch();
     }
     old->state = Status::enabled;
     MainAppAutoStartController(item).handleMainAppLaunch();
     EXPECT_EQ(services->mainApp->calls, Calls{});
 
     old->isRefusing = true;
-    controller.handleMainAppLaunch();
+    directly.handleMainAppLaunch();
     EXPECT_EQ(services->mainApp->calls, Calls{"register"}) << "also when the starter could not be unregistered";
 
     old->isRefusing = false;
-    controller.handleMainAppLaunch();
-    controller.handleMainAppLaunch();
+    directly.handleMainAppLaunch();
+    directly.handleMainAppLaunch();
     EXPECT_EQ(old->calls, (Calls{"unregister", "unregister"}));
     EXPECT_EQ(services->mainApp->calls, (Calls{"register", "register"}));
-    EXPECT_TRUE(center->posted.empty());
-    EXPECT_TRUE(item->calls.empty());
+    EXPECT_TRUE(center->posted.empty() && item->calls.empty());
 }
