@@ -11,14 +11,13 @@ TEST(DistributedNotifications, EveryFormReachesTheDefaultCentre)
     struct Listener {
         int calls = 0;
         void hear() { ++calls; }
-        void hearIt(const Platform::Notification&) { ++calls; }
     };
     const Tests::ReplacedDistributedNotificationCenter center;
     const auto any = std::make_shared<Listener>();
     const auto one = std::make_shared<Listener>();
     DistributedNotifications::addObserver(any, &Listener::hear, "killme");
     DistributedNotifications::addObserver(any, &Listener::hear, NotificationName("killme"));
-    DistributedNotifications::addObserver(one, &Listener::hearIt, "killme", "com.orvane.pellora");
+    DistributedNotifications::addObserver(one, &Listener::hear, "killme", "com.orvane.pellora");
     for (const auto& object : {std::optional<std::string>(), {"com.example.other"}, {"com.orvane.pellora"}}) {
         DistributedNotifications::post("killme", object);
     }

@@ -14,8 +14,7 @@ using Platform::Application;
 namespace {
 
 // Refuses to end twice, then agrees.
-class Delegate final : public Platform::ApplicationDelegate {
-public:
+struct Delegate final : Platform::ApplicationDelegate {
     void applicationDidFinishLaunching() override
     {
         calls.emplace_back("launched");

@@ -56,20 +56,19 @@ TEST_P(QueueOfKind, RunsBarriersInOrderNeverInsideTheSubmittingCallAndReadsSeeTh
 TEST_P(QueueOfKind, KeepsBarriersAloneUnderEveryMixOfUse)
 {
     long value = 0;  // guarded by the queue; the sanitizer watches
-    std::atomic<bool> isWriting = false;
     std::atomic<long> expected = 0;
     std::atomic<int> torn = 0;
-    const auto write = [&] {
-        isWriting.store(true, std::memory_order_relaxed);
-        ++value;
-        isWriting.store(false, std::memory_order_relaxed);
+    const auto isTorn = [&] {
+        const long before = value;
+        std::this_thread::yield();
+        return value != before;
     };
     onThreads(8, [&](int thread) {
         for (int count = 0; count < 3000; ++count) {
             const int kind = (count + thread) % 5;
-            if (kind == 0) queue->asyncBarrier(write);
-            if (kind == 1) queue->syncBarrier(write);
-            if (kind > 1) torn += queue->sync([&] { return value < 0 || isWriting.load(std::memory_order_relaxed); });
+            if (kind == 0) queue->asyncBarrier([&] { ++value; });
+            if (kind == 1) queue->syncBarrier([&] { ++value; });
+            if (kind > 1) torn += queue->sync(isTorn);
             expected += kind < 2;
         }
     });

@@ -15,12 +15,13 @@ class FileBrowserTest : public testing::Test {
 protected:
     FileBrowserTest()
     {
-        environment->set("PATH", "::relative:/missing:" + folder / "bin:/bin:/usr/bin");
+        std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
+        environment->set("PATH", "::relative:/missing:" + folder / "bin");
         environment->set("DBUS_SESSION_BUS_ADDRESS", bus.address());
     }
 
     // A file browser on the bus; keeps what it is asked to show.
-    BusMessage reply(const BusMessage& call, bool refuses)
+    BusMessage reply(const BusMessage& call)
     {
         sd_bus_message* answer = nullptr;
         const char* location = nullptr;
@@ -33,12 +34,6 @@ protected:
         }
         return BusMessage(answer);
     }
-    auto browser(bool refuses)
-    {
-        return Tests::BusService("org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
-                                 [this, refuses](const BusMessage& call) { return reply(call, refuses); });
-    }
-
     bool isOpened(const std::string& text) const
     {
         return Tests::eventually([&] { return Tests::contentOf(folder / "opened") == text + "\n"; });
@@ -54,19 +49,19 @@ protected:
     Shared<BusConnection>::Override freshBus;
     Workspace& workspace = Workspace::shared();
     std::vector<std::string> shown;
+    bool refuses = false;
 };
 
 TEST_F(FileBrowserTest, AnEntryIsSelectedOrElseItsFolderOpened)
 {
-    std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
     {
-        const auto service = browser(false);
+        const char* name = "org.freedesktop.FileManager1";
+        const Tests::BusService browser(name, "/org/freedesktop/FileManager1",
+                                        [this](const BusMessage& call) { return reply(call); });
         EXPECT_TRUE(workspace.selectFile("/a b/caf\xe9.txt", "/a b"));
         EXPECT_TRUE(Tests::eventually([&] { return !shown.empty(); }));
         EXPECT_EQ(shown, std::vector<std::string>{"ShowItems file:///a%20b/caf%E9.txt"});
-    }
-    {
-        const auto service = browser(true);
+        refuses = true;
         EXPECT_TRUE(workspace.selectFile("/a/b", "/a"));
         EXPECT_TRUE(isOpened("file:///a/"));
         EXPECT_EQ(log->count("no window today"), 1u);
@@ -81,8 +76,6 @@ TEST_F(FileBrowserTest, AnEntryIsSelectedOrElseItsFolderOpened)
 
 TEST_F(FileBrowserTest, LocationsReachTheOpenerUnchanged)
 {
-    environment->set("PATH", "::relative:/missing:" + folder / "bin");
-    std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
     for (const char* text : {"x-example.settings:com.example.pane?Privacy_A%20b&c='d';$HOME", "file:///a%20b%25/"}) {
         EXPECT_TRUE(workspace.openURL(*Url::parse(text)));
         EXPECT_TRUE(isOpened(text));

@@ -32,11 +32,6 @@ protected:
         std::filesystem::create_symlink(link, folder / (base + "/exe"));
     }
 
-    std::string addApplication(const std::string& name, const std::string& identifier)
-    {
-        return Tests::makeApplication(folder, name, identifier, "");
-    }
-
     std::vector<int> listed()
     {
         std::vector<int> processes;
@@ -113,8 +108,8 @@ TEST_P(WorkspaceContract, AnOpenedApplicationRunsOnceUntilItIsTerminated)
 TEST_F(WrittenProcesses, OnlyTheNamedExecutableOfTheInnermostBundleCounts)
 {
     const std::string inside = "Outer.app/Contents/Library/LoginItems/Inner.app";
-    const std::string outer = addApplication("Outer.app", "org.example.outer");
-    const std::string inner = addApplication(inside, "org.example.inner");
+    const std::string outer = Tests::makeApplication(folder, "Outer.app", "org.example.outer", "");
+    const std::string inner = Tests::makeApplication(folder, inside, "org.example.inner", "");
     folder.write("NoInfo.app/Contents/MacOS/Program", "");
     folder.write("Empty.app/Contents/Info.plist", "");
     addProcess(10, outer, 30);
@@ -133,13 +128,13 @@ TEST_F(WrittenProcesses, OnlyTheNamedExecutableOfTheInnermostBundleCounts)
     EXPECT_EQ(workspace.firstRunning("org.example.outer")->processIdentifier(), 12);
     EXPECT_TRUE(workspace.isRunning("org.example.inner"));
     EXPECT_FALSE(workspace.isRunning(""));
-    addApplication(inside, "org.example.renamed");
+    Tests::makeApplication(folder, inside, "org.example.renamed", "");
     EXPECT_FALSE(workspace.isRunning("org.example.inner")) << "the bundle was changed";
 }
 
 TEST_F(WrittenProcesses, ThoseThatVanishDuringTheScanAreSkippedAndTheOthersFound)
 {
-    const std::string program = addApplication("A.app", "org.example.a");
+    const std::string program = Tests::makeApplication(folder, "A.app", "org.example.a", "");
     std::vector<int> stay;
     for (int process = 1; process <= 300; ++process) {
         addProcess(process, program, process);

@@ -66,22 +66,18 @@ TEST_F(AppsCatalogTest, RecordHoldsWhatTheBundleSays)
 TEST_F(AppsCatalogTest, OnlyBundlesWithAnIdentifierHaveRecords)
 {
     root.write("Broken.app/Contents/Info.plist", "<plist>");
-    const struct {
-        Url url;
-        bool excludeApple;
-        bool hasRecord;
-    } rows[] = {
-        {Url::fromPath(root / "Broken.app"), false, false},
-        {bundle("B.app", {{"CFBundleIdentifier", 7}}), false, false},
-        {bundle("C.app", {{"CFBundleIdentifier", "c"}, {"CFBundleShortVersionString", 7}}), false, true},
-        {bundle("D.app", "com.apple.Safari"), true, false},
-        {bundle("E.app", "com.applesoft.x"), true, true},
-        {bundle("F.app", "com.apple"), true, true},
+    const std::pair<Url, bool> rows[] = {
+        {Url::fromPath(root / "Broken.app"), false},
+        {bundle("B.app", {{"CFBundleIdentifier", 7}}), false},
+        {bundle("C.app", {{"CFBundleIdentifier", "c"}, {"CFBundleShortVersionString", 7}}), true},
+        {bundle("D.app", "com.apple.Safari"), false},
+        {bundle("E.app", "com.applesoft.x"), true},
+        {bundle("F.app", "com.apple"), true},
     };
-    for (const auto& row : rows) {
-        const auto app = Apps::app(row.url, true, row.excludeApple);
-        EXPECT_EQ(app != nullptr, row.hasRecord) << row.url.path();
-        EXPECT_FALSE(app && app->version()) << row.url.path();
+    for (const auto& [url, hasRecord] : rows) {
+        const auto app = Apps::app(url, true, true);
+        EXPECT_EQ(app != nullptr, hasRecord) << url.path();
+        EXPECT_FALSE(app && app->version()) << url.path();
     }
 }
 

@@ -84,15 +84,14 @@ TEST(Shell, ParallelRunsShareNothing)
     };
     const auto before = openDescriptors();
     std::vector<std::thread> threads;
-    std::vector<ShellOutput> results(64);
-    for (std::size_t i = 0; i < results.size(); ++i) {
-        threads.emplace_back([&results, i] { results[i] = Shell::run({"echo $0; exit $0", std::to_string(i)}); });
+    for (int i = 0; i < 64; ++i) {
+        threads.emplace_back([i] {
+            const ShellOutput result = Shell::run({"echo $0; exit $0", std::to_string(i)});
+            EXPECT_EQ(result.output(), std::to_string(i) + "\n");
+            EXPECT_EQ(result.exitCode(), i);
+        });
     }
     for (auto& thread : threads) thread.join();
-    for (std::size_t i = 0; i < results.size(); ++i) {
-        EXPECT_EQ(results[i].output(), std::to_string(i) + "\n");
-        EXPECT_EQ(results[i].exitCode(), static_cast<int>(i));
-    }
     EXPECT_EQ(openDescriptors(), before);
 }
 
