@@ -117,6 +117,7 @@ TEST(ConcurrentQueue, RunsReadsAndPlainBlocksInParallel)
         readInside.signal();
         EXPECT_TRUE(blockInside.waitFor(10s));
     });
+    queue->syncBarrier([] {});  // the block has ended
 }
 
 // A read that is nested in another queue's block must not run that queue's
