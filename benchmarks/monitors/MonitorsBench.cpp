@@ -6,6 +6,7 @@
 #include <ctime>
 #include <fstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <unistd.h>
@@ -29,12 +30,13 @@ double processorSeconds(pid_t process)
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
-// A page that several processes map counts for each with its share.
-double proportionalMegabytes(pid_t process)
+// "Pss:", where a page that several processes map counts for each with its
+// share, or "Private_Dirty:", what nobody else has and no file can give back.
+double megabytes(pid_t process, std::string_view kind)
 {
     std::ifstream rollup("/proc/" + std::to_string(process) + "/smaps_rollup");
     for (std::string line; std::getline(rollup, line);) {
-        if (line.starts_with("Pss:")) return std::strtod(line.c_str() + 4, nullptr) / 1024;
+        if (line.starts_with(kind)) return std::strtod(line.c_str() + kind.size(), nullptr) / 1024;
     }
     return NAN;
 }
@@ -57,17 +59,24 @@ int main(int argc, char** argv)
     usleep(static_cast<useconds_t>(period * 1e6));
 
     struct Cost {
-        double secondsAnHour, megabytes;
+        double secondsAnHour, proportional, dirty;
     };
     std::vector<Cost> costs;
     for (const auto& monitor : monitors) {
         const double spent = processorSeconds(monitor.process) - monitor.seconds;
-        costs.push_back({spent / period * 3600, proportionalMegabytes(monitor.process)});
+        costs.push_back(
+            {spent / period * 3600, megabytes(monitor.process, "Pss:"), megabytes(monitor.process, "Private_Dirty:")});
     }
-    for (std::size_t at = 1; at < monitors.size(); ++at) {
-        Bench::ratio("processor time", monitors[at].name, costs[0].secondsAnHour, costs[at].secondsAnHour, "s/h");
-    }
-    for (std::size_t at = 1; at < monitors.size(); ++at) {
-        Bench::ratio("proportional memory", monitors[at].name, costs[0].megabytes, costs[at].megabytes, "MB");
+    const struct {
+        const char* what;
+        double Cost::*part;
+        const char* unit;
+    } rows[] = {{"processor time", &Cost::secondsAnHour, "s/h"},
+                {"proportional memory", &Cost::proportional, "MB"},
+                {"private dirty memory", &Cost::dirty, "MB"}};
+    for (const auto& [what, part, unit] : rows) {
+        for (std::size_t at = 1; at < monitors.size(); ++at) {
+            Bench::ratio(what, monitors[at].name, costs[0].*part, costs[at].*part, unit);
+        }
     }
 }
