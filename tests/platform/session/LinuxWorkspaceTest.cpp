@@ -49,17 +49,16 @@ protected:
 class RealProcesses : public testing::Test {
 protected:
     RealProcesses() { environment->set("XDG_RUNTIME_DIR", folder.path()); }
-    ~RealProcesses() override { killAll(); }
+    ~RealProcesses() override
+    {
+        for (const auto& running : mine()) ::kill(running.processIdentifier(), SIGKILL);
+    }
 
     std::vector<Platform::RunningApplication> mine()
     {
         auto running = LinuxWorkspace().runningApplications();
         std::erase_if(running, [&](const auto& one) { return !one.bundleUrl().path().starts_with(folder.path()); });
         return running;
-    }
-    void killAll()
-    {
-        for (const auto& running : mine()) ::kill(running.processIdentifier(), SIGKILL);
     }
 
     Url install(const std::string& name, const std::optional<std::string>& identifier)
@@ -158,12 +157,9 @@ TEST_F(WrittenProcesses, ThoseThatVanishDuringTheScanAreSkippedAndTheOthersFound
 TEST_F(RealProcesses, AHangingStarterHoldsOthersUpForABoundedTimeAMissingLockFolderNobody)
 {
     const Url url = install("A.app", "org.example.a");
-    ASSERT_TRUE(workspace.openApplication(url));
-    killAll();
-    ASSERT_TRUE(eventually([&] { return mine().empty(); }));
-    for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-        if (entry.path().extension() != ".lock") continue;
-        const FileDescriptor held(::open(entry.path().c_str(), O_RDWR | O_CLOEXEC));
+    {
+        const std::string lock = folder / "pellora-open-org.example.a.lock";
+        const FileDescriptor held(::open(lock.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
         ASSERT_EQ(::flock(held.get(), LOCK_EX | LOCK_NB), 0);
         EXPECT_EQ(workspace.openApplication(url).error().code, ETIMEDOUT);
     }

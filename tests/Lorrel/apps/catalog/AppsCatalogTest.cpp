@@ -100,7 +100,6 @@ TEST_F(AppsCatalogTest, InstalledAppsAreFoundInSubfoldersWithTheirChildren)
     EXPECT_EQ(identifiers(a->children()), (Names{"org.a.helper", "org.a.s"}));
     for (const auto& child : a->children()) EXPECT_TRUE(child->children().empty());
     EXPECT_EQ(identifiers(Apps::installedApps(false)), (Names{"com.apple.c", "org.a", "org.b"}));
-    EXPECT_TRUE(Apps::children(Url::fromPath(root / "missing"), false).empty());
 }
 
 TEST_F(AppsCatalogTest, ProductIsTheFirstApplicationBelowProducts)
