@@ -8,11 +8,22 @@
 
 namespace Lorrel {
 
+namespace {
+
+App::Url placeOf(const std::string& name)
+{
+    return App::Url::fromPath(Platform::SystemRoots::shared().applications() + "/" + name + ".app");
+}
+
+}  // namespace
+
 App::App(std::string name, std::string identifier)
-    : name_(std::move(name)),
-      icon_(FileIconManager::shared().icon(name_)),
-      identifier_(std::move(identifier)),
-      baseUrl_(Url::fromPath(Platform::SystemRoots::shared().applications() + "/" + name_ + ".app"))
+    : App(name, identifier, FileIconManager::shared().icon(name), placeOf(name))
+{
+}
+
+App::App(std::string name, std::string identifier, Platform::ImageRef icon, Url baseUrl)
+    : name_(std::move(name)), icon_(std::move(icon)), identifier_(std::move(identifier)), baseUrl_(std::move(baseUrl))
 {
 }
 

@@ -22,6 +22,8 @@ public:
 
     // With the application's icon; every optional is absent, every list empty.
     App(std::string name, std::string identifier);
+    // The same where its icon and its place are known already.
+    App(std::string name, std::string identifier, Platform::ImageRef icon, Url baseUrl);
 
     const std::string& name() const { return name_; }
     void setName(std::string name) { name_ = std::move(name); }

@@ -37,11 +37,9 @@ ImageRef iconOfSystemApp(const std::string& name)
     return file ? IconService::shared().imageFromFile(*file) : nullptr;
 }
 
-ImageRef iconOfInstalledApp(const std::string& name)
+std::string installedApp(std::string_view name)
 {
-    const std::string app = SystemRoots::shared().applications() + "/" + name + ".app";
-    const auto file = firstIconFile(app + "/Contents/Resources/");
-    return IconService::shared().iconForFile(file ? file->path() : app);
+    return SystemRoots::shared().applications() + "/" + std::string(name) + ".app";
 }
 
 }  // namespace
@@ -59,14 +57,30 @@ ImageRef FileIconManager::icon(const Url& location)
     return app == components.end() ? nullptr : icon(withoutAppEnding(*app));
 }
 
-ImageRef FileIconManager::icon(std::string_view appName)
+template <typename FindIconFile>
+ImageRef FileIconManager::lookUp(std::string name, FindIconFile&& findIconFile)
 {
-    const std::string name(appName);
     if (const auto kept = cache_.find(name); kept != cache_.end()) return kept->second;
     if (auto image = iconOfSystemApp(name)) return image;
-    auto image = iconOfInstalledApp(name);
-    if (image) cache_.emplace(name, image);
+    const std::optional<Url> file = findIconFile();
+    auto image = IconService::shared().iconForFile(file ? file->path() : installedApp(name));
+    if (image) cache_.emplace(std::move(name), image);
     return image;
+}
+
+ImageRef FileIconManager::icon(std::string_view appName)
+{
+    return lookUp(std::string(appName), [&] { return firstIconFile(resourcesFolder(appName)); });
+}
+
+ImageRef FileIconManager::icon(std::string_view appName, const std::optional<Url>& iconFile)
+{
+    return lookUp(std::string(appName), [&] { return iconFile; });
+}
+
+std::string FileIconManager::resourcesFolder(std::string_view appName)
+{
+    return installedApp(appName) + "/Contents/Resources";
 }
 
 std::string withoutAppEnding(std::string name)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -21,8 +22,16 @@ public:
     // Of an installed application by its name. A system application's is read
     // from its bundle each time; any other is kept.
     Platform::ImageRef icon(std::string_view appName);
+    // The same where it is known already which icon file comes first in the
+    // resources of the application in the applications folder, or that none does.
+    Platform::ImageRef icon(std::string_view appName, const std::optional<Platform::Url>& iconFile);
+    // Those resources.
+    static std::string resourcesFolder(std::string_view appName);
 
 private:
+    template <typename FindIconFile>
+    Platform::ImageRef lookUp(std::string name, FindIconFile&& findIconFile);
+
     std::unordered_map<std::string, Platform::ImageRef> cache_;
 };
 

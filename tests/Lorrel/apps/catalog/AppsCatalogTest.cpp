@@ -94,12 +94,16 @@ TEST_F(AppsCatalogTest, InstalledAppsAreFoundInSubfoldersWithTheirChildren)
     bundle("Applications/Utilities/C.app", "com.apple.c");
     bundle("Applications/.D.app", "org.d");
     root.makeFolder("Applications/Empty.app");
+    const std::string icon = root.write("Applications/A.app/Contents/Resources/sizes/A.icns", "");
+    for (int i = 10; i < 40; ++i) bundle("Applications/Apple/" + std::to_string(i) + ".app", "com.apple.many");
     const auto apps = Apps::installedApps(true);
     EXPECT_EQ(identifiers(apps), (Names{"org.a", "org.b"}));
     const auto& a = *std::ranges::find(apps, "org.a", &App::identifier);
+    EXPECT_EQ(icons->nameOf(a->icon()), "file " + icon);
+    EXPECT_EQ(a->baseUrl(), a->binaryFile());
     EXPECT_EQ(identifiers(a->children()), (Names{"org.a.helper", "org.a.s"}));
     for (const auto& child : a->children()) EXPECT_TRUE(child->children().empty());
-    EXPECT_EQ(identifiers(Apps::installedApps(false)), (Names{"com.apple.c", "org.a", "org.b"}));
+    EXPECT_EQ(Apps::installedApps(false).size(), 33u);
 }
 
 TEST_F(AppsCatalogTest, ProductIsTheFirstApplicationBelowProducts)
