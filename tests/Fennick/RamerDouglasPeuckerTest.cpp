@@ -116,10 +116,3 @@ TEST(Simplified, ThinsNumbersOfEachType)
     constexpr long least = std::numeric_limits<long>::min();
     EXPECT_EQ(simplified(std::vector<long>{most, least, 5}), (std::vector<long>{most, least, 5}));
 }
-
-TEST(PointText, ReadsBackFromTheShortestDecimals)
-{
-    EXPECT_EQ(description({-0.0, 0.1 + 0.2}), "(-0.0, 0.30000000000000004)");
-    EXPECT_EQ(description({1e16, 1e-7}), "(1e+16, 1e-07)");
-    EXPECT_EQ(description({-infinity, notANumber}), "(-inf, nan)");
-}

@@ -12,11 +12,9 @@ public:
     Platform::UserNotificationSettings current{Platform::AuthorizationStatus::authorized, Platform::AlertStyle::banner};
     std::optional<Platform::Error> failure;
     std::vector<Platform::UserNotificationRequest> shown;
-    unsigned requestedOptions = 0;
 
-    void requestAuthorization(unsigned options, std::function<void(Platform::Result<bool>)> completion) override
+    void requestAuthorization(unsigned, std::function<void(Platform::Result<bool>)> completion) override
     {
-        requestedOptions = options;
         if (failure) return completion(*failure);
         completion(current.authorizationStatus == Platform::AuthorizationStatus::authorized);
     }

@@ -55,7 +55,7 @@ bool waitReadable(int descriptor, steady_clock::time_point deadline)
 
 }  // namespace
 
-ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Options& options)
+ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const ChildOptions& options)
 {
     std::vector<std::string> command{"env"};
     for (const auto& [name, value] : options.environment) {
@@ -65,15 +65,15 @@ ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Opti
     command.insert(command.end(), arguments.begin(), arguments.end());
     const std::vector<char*> pointers = pointersTo(command);
     FileDescriptor target;
-    if (options.streams == Streams::silent) {
+    if (options.streams == ChildStreams::silent) {
         target = FileDescriptor(::open("/dev/null", O_WRONLY | O_CLOEXEC));
-    } else if (options.streams != Streams::inherited) {
+    } else if (options.streams != ChildStreams::inherited) {
         int ends[2];
         if (::pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
         output_ = FileDescriptor(ends[0]);
         target = FileDescriptor(ends[1]);
     }
-    const int errors = options.streams == Streams::output ? -1 : target.get();
+    const int errors = options.streams == ChildStreams::output ? -1 : target.get();
     const pid_t parent = ::getpid();
     pid_ = ::fork();
     if (pid_ == 0) run(pointers.data(), target.get(), errors, parent);

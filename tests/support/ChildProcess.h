@@ -26,11 +26,8 @@ struct ChildOptions {
 // nobody behind. Thread: the one that created it.
 class ChildProcess {
 public:
-    using Streams = ChildStreams;
-    using Options = ChildOptions;
-
     // The program is looked up in PATH. One that cannot be run ends with status 127.
-    explicit ChildProcess(const std::vector<std::string>& arguments, const Options& options = {});
+    explicit ChildProcess(const std::vector<std::string>& arguments, const ChildOptions& options = {});
     ChildProcess(ChildProcess&&) noexcept = default;
     ~ChildProcess();
 

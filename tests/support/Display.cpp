@@ -8,12 +8,6 @@ namespace Tests {
 
 namespace {
 
-ChildProcess startServer(const std::string& screen)
-{
-    return ChildProcess({"Xvfb", "-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp", "-noreset"},
-                        {.streams = ChildStreams::output});
-}
-
 // The server prints its number once it accepts connections.
 std::string awaitName(ChildProcess& server)
 {
@@ -25,10 +19,9 @@ std::string awaitName(ChildProcess& server)
 }  // namespace
 
 Display::Display(const std::string& screen)
-    : server_(startServer(screen)),
-      name_(awaitName(server_)),
-      display_("DISPLAY", name_),
-      wayland_("WAYLAND_DISPLAY", std::nullopt)
+    : server_({"Xvfb", "-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp", "-noreset"},
+              {.streams = ChildStreams::output}),
+      display_("DISPLAY", awaitName(server_))
 {
 }
 

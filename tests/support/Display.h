@@ -14,18 +14,14 @@ public:
     explicit Display(const std::string& screen = "1280x800x24");
     ~Display();
 
-    // ":7"
-    const std::string& name() const { return name_; }
-
     // The server accepts, and does not answer.
     void freeze() { server_.signal(SIGSTOP); }
     void thaw() { server_.signal(SIGCONT); }
 
 private:
     ChildProcess server_;
-    std::string name_;
     EnvironmentVariable display_;
-    EnvironmentVariable wayland_;
+    EnvironmentVariable wayland_{"WAYLAND_DISPLAY", std::nullopt};
 };
 
 // Where a test keeps the picture NAME.png of a display: below the folder that

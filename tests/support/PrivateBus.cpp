@@ -1,6 +1,5 @@
 #include "tests/support/PrivateBus.h"
 
-#include <csignal>
 #include <stdexcept>
 
 #include <unistd.h>
@@ -55,16 +54,6 @@ void PrivateBus::start()
     daemon_.emplace(command, ChildOptions{.streams = ChildStreams::output});
     // The daemon prints its address once it listens.
     if (!daemon_->readLine()) throw std::runtime_error("dbus-daemon did not start on " + address_);
-}
-
-void PrivateBus::freeze()
-{
-    if (daemon_) daemon_->signal(SIGSTOP);
-}
-
-void PrivateBus::thaw()
-{
-    if (daemon_) daemon_->signal(SIGCONT);
 }
 
 }  // namespace Tests

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <csignal>
+
 #include "tests/support/ChildProcess.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/TemporaryDirectory.h"
@@ -15,7 +17,6 @@ public:
 
     // Stays the same through stop() and start().
     const std::string& address() const { return address_; }
-    pid_t pid() const { return daemon_ ? daemon_->pid() : -1; }
 
     // Ends the daemon without a good-bye; connections see their socket close.
     void stop();
@@ -24,8 +25,8 @@ public:
 
     // Stops the daemon from answering, as an overloaded machine would: sockets
     // stay open, nothing is read.
-    void freeze();
-    void thaw();
+    void freeze() { daemon_->signal(SIGSTOP); }
+    void thaw() { daemon_->signal(SIGCONT); }
 
 private:
     TemporaryDirectory folder_;

@@ -42,10 +42,6 @@ TEST(DiskUtilities, RatesChangeTheirUnitsAtTheLimits)
         EXPECT_EQ(DiskUtilities::rateText(row.rate, row.bits), row.full) << row.rate;
         EXPECT_EQ(DiskUtilities::compactRateText(row.rate, row.bits), row.compact) << row.rate;
     }
-}
-
-TEST(DiskUtilities, RateOfACountNeedsAPositiveDuration)
-{
     for (const double seconds : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN()}) {
         EXPECT_EQ(DiskUtilities::rateText(100, seconds, false), "-");
     }

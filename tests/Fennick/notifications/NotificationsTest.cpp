@@ -36,18 +36,14 @@ TEST(Notifications, MayNotifyWhenAuthorizedAndShown)
     }
 }
 
-TEST(Notifications, SendsEachUnderAnIdentifierOfItsOwn)
+TEST(Notifications, SendsEachUnderAnIdentifierOfItsOwnAndPassesAuthorizationAndErrorsOn)
 {
     Tests::ReplacedUserNotificationCenter center;
     for (int count = 0; count < 2; ++count) Notifications::send("title", "body");
     const auto& first = center->shown.at(0);
     EXPECT_EQ(first.content.title + " " + first.content.body, "title body");
     EXPECT_NE(first.identifier, center->shown.at(1).identifier);
-}
 
-TEST(Notifications, PassesAuthorizationAndErrorsOn)
-{
-    Tests::ReplacedUserNotificationCenter center;
     std::vector<std::string> answers;
     const auto note = [&](const Platform::Result<bool>& granted) {
         answers.push_back(!granted ? granted.error().call : *granted ? "yes" : "no");
