@@ -20,7 +20,11 @@ constexpr MobileDeviceRow genericWatch{"", "Apple Watch", "Apple Watch", "com.ap
 template <typename Family>
 std::shared_ptr<MobileDevice> record(Rows rows, std::string_view identifier, const MobileDeviceRow* generic)
 {
-    const auto found = std::ranges::find(rows, identifier, &MobileDeviceRow::identifier);
+    // Neighbours differ in their last character at most, so most rows are passed without a look at the rest.
+    const auto isWanted = [&](const MobileDeviceRow& row) {
+        return row.identifier.back() == identifier.back() && row.identifier == identifier;
+    };
+    const auto found = std::ranges::find_if(rows, isWanted);
     const MobileDeviceRow* row = found == rows.end() ? generic : &*found;
     if (!row) return nullptr;
     auto iconName = row->iconName.empty() ? std::nullopt : std::optional<std::string>(row->iconName);
