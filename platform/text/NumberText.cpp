@@ -12,14 +12,21 @@ namespace {
 constexpr int mostFractionDigits = 999;
 constexpr std::size_t mostFormatters = 32;
 
+bool isInRange(const NumberStyle& style)
+{
+    return style.minimumFractionDigits >= 0 && style.maximumFractionDigits >= style.minimumFractionDigits &&
+           style.maximumFractionDigits <= mostFractionDigits;
+}
+
 // The formatters of one thread for the current locale, the last used first.
 class Formatters {
 public:
-    const NumberFormatter& formatter(const NumberStyle& style)
+    // Null when the style is out of range.
+    const NumberFormatter* formatter(const NumberStyle& style)
     {
         if (generation_ != currentLocaleGeneration()) startAfresh();
-        if (!kept_.empty() && kept_.front().style() == style) return kept_.front();
-        return broughtToFront(style);
+        if (!kept_.empty() && kept_.front().style() == style) return &kept_.front();
+        return isInRange(style) ? &broughtToFront(style) : nullptr;
     }
 
 private:
@@ -44,19 +51,14 @@ private:
     std::list<NumberFormatter> kept_;
 };
 
-bool isInRange(const NumberStyle& style)
-{
-    return style.minimumFractionDigits >= 0 && style.maximumFractionDigits >= style.minimumFractionDigits &&
-           style.maximumFractionDigits <= mostFractionDigits;
-}
-
 }  // namespace
 
 std::optional<std::string> numberText(const Number& number, const NumberStyle& style)
 {
     thread_local Formatters formatters;
-    if (!isInRange(style)) return std::nullopt;
-    return formatters.formatter(style).text(number);
+    const NumberFormatter* const formatter = formatters.formatter(style);
+    if (formatter == nullptr) return std::nullopt;
+    return formatter->text(number);
 }
 
 }  // namespace Platform

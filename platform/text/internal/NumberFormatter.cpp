@@ -62,6 +62,10 @@ std::optional<NumberSymbols> digitsOf(const icu::Locale& locale)
     symbols.digitSize = symbols.digits.size() / 10;
     const bool isUniform = symbols.digitSize <= 4 && symbols.digits.size() % 10 == 0;
     if (!isUniform) return std::nullopt;
+    for (std::size_t pair = 0; symbols.digitSize == 1 && pair < 100; ++pair) {
+        symbols.pairs += symbols.digits[pair / 10];
+        symbols.pairs += symbols.digits[pair % 10];
+    }
     return symbols;
 }
 

@@ -27,9 +27,10 @@ std::optional<std::uint64_t> cut(double value, int digits)
 {
     const double power = powersOfTen[static_cast<std::size_t>(digits)];
     const double product = value * power;
-    const double nearest = std::nearbyint(product);
-    if (std::abs(product - nearest) > bandAround(product)) return static_cast<std::uint64_t>(product);
-    if (nearest / power == value) return static_cast<std::uint64_t>(nearest);
+    const auto nearest = static_cast<std::int64_t>(product + 0.5);
+    const auto decimal = static_cast<double>(nearest);
+    if (std::abs(product - decimal) > bandAround(product)) return static_cast<std::uint64_t>(product);
+    if (decimal / power == value) return static_cast<std::uint64_t>(nearest);
     return std::nullopt;
 }
 
@@ -44,13 +45,58 @@ std::optional<std::uint64_t> roundedHalfEven(double value, int digits)
     return std::nullopt;
 }
 
-std::string between(const std::string& before, std::string_view digits, const std::string& behind)
-{
-    if (before.empty() && behind.empty()) return std::string(digits);
-    std::string text;
-    text.reserve(before.size() + digits.size() + behind.size());
-    return text.append(before).append(digits).append(behind);
-}
+// Writes from the last digit to the first, and from the end of its room to the start.
+class Writer {
+public:
+    explicit Writer(const NumberSymbols& symbols) : symbols_(symbols) {}
+
+    std::string_view written() const { return {start_, static_cast<std::size_t>(room_ + sizeof room_ - start_)}; }
+    void separator() { prepend(symbols_.separator.data(), symbols_.separator.size()); }
+
+    // The number's last digits, so many; what is left of it.
+    std::uint64_t digits(std::uint64_t number, int count)
+    {
+        for (; count >= 2; count -= 2, number /= 100) pair(number % 100);
+        if (count == 0) return number;
+        digit(number % 10);
+        return number / 10;
+    }
+
+    void digits(std::uint64_t number)
+    {
+        for (; number >= 100; number /= 100) pair(number % 100);
+        number >= 10 ? pair(number) : digit(number);
+    }
+
+private:
+    void digit(std::uint64_t value) { prepend(symbols_.digits.data() + value * size_, size_); }
+
+    void pair(std::uint64_t value)
+    {
+        if (size_ == 1) {
+            start_ -= 2;
+            std::memcpy(start_, symbols_.pairs.data() + value * 2, 2);
+        } else {
+            digit(value % 10);
+            digit(value / 10);
+        }
+    }
+
+    void prepend(const char* bytes, std::size_t size)
+    {
+        start_ -= size;
+        if (size == 1) {  // as most are: a copying call for each would take a third of the time
+            *start_ = *bytes;
+        } else {
+            std::memcpy(start_, bytes, size);
+        }
+    }
+
+    const NumberSymbols& symbols_;
+    const std::size_t size_ = symbols_.digitSize;
+    char room_[128];  // twenty digits of up to four bytes, and the separator
+    char* start_ = room_ + sizeof room_;
+};
 
 }  // namespace
 
@@ -65,40 +111,24 @@ std::optional<ScaledNumber> scaled(double value, int fractionDigits, Rounding ro
     return ScaledNumber{*result, std::signbit(value)};
 }
 
-std::string plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
-                      int minimumFractionDigits)
+std::optional<std::string> plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
+                                     int minimumFractionDigits)
 {
-    // Written from the last digit to the first. Twenty digits of up to four bytes, and the separator.
-    std::array<char, 128> buffer;
-    char* const end = buffer.data() + buffer.size();
-    char* start = end;
-    const auto prepend = [&start](const char* bytes, std::size_t size) {
-        start -= size;
-        if (size == 1) {  // as most digits are: a copying call for each would take a third of the time
-            *start = *bytes;
-        } else {
-            std::memcpy(start, bytes, size);
-        }
-    };
-
-    const auto prependDigit = [&](std::uint64_t digit) {
-        prepend(symbols.digits.data() + digit * symbols.digitSize, symbols.digitSize);
-    };
-
     std::uint64_t rest = number.magnitude;
-    for (int place = fractionDigits; place > 0; --place, rest /= 10) {
-        const bool isDroppedZero = rest % 10 == 0 && start == end && place > minimumFractionDigits;
-        if (!isDroppedZero) prependDigit(rest % 10);
+    for (; fractionDigits > minimumFractionDigits && rest % 10 == 0; rest /= 10) --fractionDigits;
+    Writer writer(symbols);
+    if (fractionDigits > 0) {
+        rest = writer.digits(rest, fractionDigits);
+        writer.separator();
     }
-    if (start != end) prepend(symbols.separator.data(), symbols.separator.size());
-    do {
-        prependDigit(rest % 10);
-        rest /= 10;
-    } while (rest != 0);
+    writer.digits(rest);
 
-    const std::string_view written(start, static_cast<std::size_t>(end - start));
-    return number.isNegative ? between(symbols.negativePrefix, written, symbols.negativeSuffix)
-                             : between(symbols.prefix, written, symbols.suffix);
+    std::optional<std::string> text(writer.written());
+    const std::string& before = number.isNegative ? symbols.negativePrefix : symbols.prefix;
+    const std::string& behind = number.isNegative ? symbols.negativeSuffix : symbols.suffix;
+    if (!before.empty()) text->insert(0, before);
+    if (!behind.empty()) text->append(behind);
+    return text;
 }
 
 }  // namespace Platform

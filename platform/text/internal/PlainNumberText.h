@@ -13,6 +13,7 @@ namespace Platform {
 struct NumberSymbols {
     std::string digits;  // zero to nine, of the same size each
     std::size_t digitSize = 0;
+    std::string pairs;      // "00" to "99" in them, where each is one byte
     std::string separator;  // a few bytes
 
     std::string digit(std::size_t value) const { return digits.substr(value * digitSize, digitSize); }
@@ -33,7 +34,8 @@ struct ScaledNumber {
 // could differ from rounding the shortest decimal that reads back.
 std::optional<ScaledNumber> scaled(double value, int fractionDigits, Rounding rounding);
 
-std::string plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
-                      int minimumFractionDigits);
+// Never absent; of the type in which the answer is handed on.
+std::optional<std::string> plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
+                                     int minimumFractionDigits);
 
 }  // namespace Platform
