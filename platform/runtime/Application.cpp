@@ -1,21 +1,16 @@
 #include "platform/runtime/Application.h"
 
-#include <chrono>
 #include <csignal>
-#include <optional>
 #include <vector>
 
-#include <poll.h>
 #include <sys/epoll.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
 
-#include "platform/runtime/Clock.h"
 #include "platform/runtime/FileDescriptor.h"
 #include "platform/runtime/RunLoop.h"
 #include "platform/runtime/Shared.h"
 #include "platform/runtime/Subscription.h"
-#include "platform/runtime/internal/StartMemory.h"
 
 namespace Platform {
 
@@ -53,40 +48,11 @@ private:
     sigset_t previous_{};
 };
 
-// Gives the memory of the start back when the loop first goes to sleep, and
-// that of what came with the first events at a sleep some seconds later. Nothing
-// wakes up for it.
-class AfterStart {
-public:
-    explicit AfterStart(RunLoop& loop) : loop_(loop), hook_(loop.beforeSleep([this] { release(); })) {}
-    AfterStart(const AfterStart&) = delete;
-    AfterStart& operator=(const AfterStart&) = delete;
-
-private:
-    void release()
-    {
-        constexpr std::chrono::seconds settled{10};
-        pollfd events{loop_.descriptor(), POLLIN, 0};
-        if (::poll(&events, 1, 0) > 0) return;  // no sleep yet
-        const auto now = Clock::shared().monotonic();
-        const bool isFirst = !first_;
-        if (isFirst) first_ = now;
-        if (!isFirst && now - *first_ < settled) return;
-        releaseStartMemory();
-        if (!isFirst) hook_.cancel();
-    }
-
-    RunLoop& loop_;
-    std::optional<std::chrono::nanoseconds> first_;
-    Subscription hook_;
-};
-
 }  // namespace
 
 struct Application::State {
     std::weak_ptr<ApplicationDelegate> delegate;
     bool isTerminating = false;
-    std::optional<AfterStart> afterStart;
 };
 
 Application::Application() : state_(std::make_unique<State>()) {}
@@ -117,7 +83,6 @@ void Application::run()
         if (const auto delegate = state_->delegate.lock(); delegate && !state_->isTerminating) {
             delegate->applicationDidFinishLaunching();
         }
-        state_->afterStart.emplace(RunLoop::main());
     });
     // A nested stop() ends one run only; the application runs on until it terminates.
     while (!state_->isTerminating) loop.run();
