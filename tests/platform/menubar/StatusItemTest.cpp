@@ -80,10 +80,14 @@ TEST_F(StatusItemTest, OutlivesASilentHostAndARestartOfTheBus)
 
 TEST_F(StatusItemTest, NeitherWaitsNorGrowsWhileTheBusStandsStillAndThenTellsTheLast)
 {
+    Tests::ReplacedClock clock;
+    const MenuItemRef line = MenuItem::create("");
+    item->setMenu(Menu::create());
+    item->menu()->addItem(line);
     TrayHost host;
     ASSERT_TRUE(host.waitForItem() && isShown());
     host.pixmap();
-    Tests::ReplacedClock clock;
+    host.callMenu("GetLayout", "iias", 0, -1, 0);
     const auto start = std::chrono::steady_clock::now();
     bus.freeze();
     StatusBar::system().statusItem(StatusItem::squareLength);  // comes and goes
@@ -92,18 +96,18 @@ TEST_F(StatusItemTest, NeitherWaitsNorGrowsWhileTheBusStandsStillAndThenTellsThe
     const auto before = mallinfo2().uordblks;
     for (int step = 0; step < 1'500; ++step) {
         item->setToolTip(std::to_string(step));
+        line->setTitle(std::string(20'000, 'x') + std::to_string(step));  // fills what the kernel keeps
         clock->advance(0.1);
         RunLoop::current().drain();
     }
     EXPECT_LT(mallinfo2().uordblks, before + 128 * 1024);
-    host.signals.clear();
-    item->setToolTip("after the bus");
+    item->setVisible(false);
     bus.thaw();
     EXPECT_TRUE(eventually([&] {
         clock->advance(0.01);
-        return std::ranges::count(host.signals, "NewToolTip") > 0;
+        return std::ranges::count(host.signals, "NewStatus Passive") == 1;
     }));
-    EXPECT_EQ(property(host, "ToolTip"), "(sa(iiay)ss) \"\" 0 \"after the bus\" \"\"\n");
+    EXPECT_EQ(property(host, "ToolTip"), "(sa(iiay)ss) \"\" 0 \"1499\" \"\"\n");
 }
 
 TEST_F(StatusItemTest, TellsTheHostEverythingOfItself)
