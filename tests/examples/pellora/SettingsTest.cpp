@@ -29,7 +29,6 @@ TEST(SettingTexts, AreTakenOrRefusedWhole)
         {"limits", "a>9X", nullptr},
         {"watch", ",com.example.a,,com.example.b", "com.example.a,com.example.b"},
         {"log", "/var/log/a b,c", "/var/log/a b,c"},
-        {"ping", "example.com", "example.com"},
         {"hotkey", "shift+f5", "shift+f5"},
         {"hotkey", "p", nullptr},
         {"hotkey", "control+P", nullptr},

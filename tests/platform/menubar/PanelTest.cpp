@@ -99,11 +99,8 @@ TEST(PanelTest, ShowsTheItemAndOpensAndClicksItsMenu)
     item->button()->setImage(Tests::square(22, Color::deviceRGB(1, 0, 1)));
     const auto target = std::make_shared<Chosen>();
     const auto menu = Menu::create();
-    for (const char* title : {"First", "Second"}) {
-        menu->addItem(MenuItem::create(title, &Chosen::choose));
-        menu->items().back()->setTarget(target);
-    }
-    menu->items().back()->setState(MenuItemState::on);
+    menu->addItem(MenuItem::create("Only", &Chosen::choose));
+    menu->items()[0]->setTarget(target);
     item->setMenu(menu);
 
     ASSERT_TRUE(eventually([] { return StatusBar::system().isShown(); }, std::chrono::seconds(30)));

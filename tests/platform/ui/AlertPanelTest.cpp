@@ -111,12 +111,7 @@ TEST(Sheets, AnswerOnceWhenPressedOrWhenTheirWindowClosesOrEnds)
         DialogDriver::Step step;
         int answer;
     } cases[] = {
-        {"pressed",
-         [](QDialog& sheet) {
-             EXPECT_EQ(sheet.windowModality(), Qt::WindowModal);
-             button(sheet, 1).click();
-         },
-         1001},
+        {"pressed", [](QDialog& sheet) { button(sheet, 1).click(); }, 1001},
         {"closed", [&](QDialog&) { window->close(); }, AlertAnswer::cancelled},
         {"ended", [&](QDialog&) { window.reset(); }, AlertAnswer::cancelled},
         {"never shown", nullptr, AlertAnswer::cancelled},
