@@ -11,7 +11,6 @@ set(PELLORA_PKG_MODULES
   "XKB=xkbcommon-x11,xkbcommon"
   "CURL=libcurl"
   "ZLIB=zlib"
-  "CRYPTO=libcrypto"
   "SIMDJSON=simdjson"
   "GIO=gio-2.0"
   "GLIB=glib-2.0"
