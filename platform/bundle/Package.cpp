@@ -40,6 +40,8 @@ bool isPackage(std::string_view name)
 
 std::optional<std::string> innermostPackage(std::string_view path)
 {
+    // A package has a dot in its name; most programs' paths have none at all.
+    if (path.find('.') == std::string_view::npos) return std::nullopt;
     std::size_t slash = path.rfind('/');
     while (slash != std::string_view::npos && slash > 0) {
         path = path.substr(0, slash);
