@@ -13,8 +13,17 @@ namespace Platform {
 
 namespace {
 
-// Appends arrive in small pieces; the buffer grows only for large ones.
-constexpr std::size_t firstBuffer = 4096;
+// Appends arrive in small pieces, for which no memory is cleared first.
+constexpr std::size_t smallPiece = 4096;
+
+ssize_t readAt(int file, char* buffer, std::size_t size, std::uint64_t offset)
+{
+    ssize_t count;
+    do {
+        count = ::pread(file, buffer, size, static_cast<off_t>(offset));
+    } while (count < 0 && errno == EINTR);
+    return count;
+}
 
 }  // namespace
 
@@ -38,17 +47,16 @@ std::uint64_t FileHandle::seekToEndOfFile()
 
 std::string FileHandle::readDataToEndOfFile(std::size_t most)
 {
-    std::string data(std::min(firstBuffer, most), '\0');
-    std::size_t filled = 0;
-    for (;;) {
-        const auto place = static_cast<off_t>(offset_ + filled);
-        const ssize_t count = ::pread(file_.get(), data.data() + filled, data.size() - filled, place);
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) break;
-        filled += static_cast<std::size_t>(count);
-        // A short read is the end: what comes later brings an event of its own.
-        if (filled < data.size() || filled == most) break;
+    char piece[smallPiece];
+    ssize_t count = readAt(file_.get(), piece, std::min(sizeof piece, most), offset_);
+    if (count <= 0) return "";
+    std::string data(piece, static_cast<std::size_t>(count));
+    std::size_t filled = data.size();
+    // A short read is the end: what comes later brings an event of its own.
+    for (std::size_t room = sizeof piece; count > 0 && filled == room && filled < most; room = data.size()) {
         data.resize(std::min(4 * filled, most));
+        count = readAt(file_.get(), data.data() + filled, data.size() - filled, offset_ + filled);
+        filled += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
     }
     offset_ += filled;
     data.resize(filled);
