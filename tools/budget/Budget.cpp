@@ -22,6 +22,7 @@
 #include "Fennick/coding/AnyDecodable.h"
 #include "Fennick/datastore/DataStore.h"
 #include "Fennick/datastore/NumberTexts.h"
+#include "Lorrel/apps/queries/DistributedNotifications.h"
 #include "platform/coding/JSONDecoder.h"
 #include "platform/coding/JSONEncoder.h"
 #include "platform/runtime/Queue.h"
@@ -106,6 +107,36 @@ void coding()
     count("base64URLString of 200 records", 20, [&] { keep(Fennick::base64URLString(bytes)); });
 }
 
+// Words of a language without meaning, a megabyte of them.
+Platform::Data prose()
+{
+    Platform::Data bytes;
+    std::uint32_t random = 1;
+    const auto next = [&] { return (random = random * 1'664'525 + 1'013'904'223) >> 16; };
+    while (bytes.size() < 1'000'000) {
+        const std::uint32_t word = next() % 2'000;
+        for (std::uint32_t letter = 0; letter < 2 + word % 8; ++letter)
+            bytes.push_back(static_cast<std::uint8_t>('a' + (word * 7 + letter * letter * 5) % 26));
+        bytes.push_back(' ');
+    }
+    return bytes;
+}
+
+void packing()
+{
+    const Platform::Data bytes = prose();
+    const Platform::Data packed = *Fennick::compressed(bytes);
+    count("md5 of 1 MB", 5, [&] { keep(Fennick::md5(bytes)); });
+    count("inflate to 1 MB", 5, [&] { keep(Fennick::decompressed(packed)->size()); });
+}
+
+// To a session bus that nobody listens on.
+void notification()
+{
+    count("notification: encode and send", 1'000,
+          [] { Lorrel::DistributedNotifications::post("org.example.reading", "sensor-7"); });
+}
+
 }  // namespace
 
 int main()
@@ -115,4 +146,6 @@ int main()
     texts();
     polyline();
     coding();
+    packing();
+    notification();
 }
