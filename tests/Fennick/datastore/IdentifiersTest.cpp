@@ -63,8 +63,8 @@ TEST(NumberIdentifier, SlidesItsHistoryOfAnySizeAndWidensItsExtremes)
     identifier.set(4U);
     EXPECT_EQ(doubles(identifier.history()), (std::vector<double>{3, 9, 4}));
     identifier.setHistory({Number(1), Number(2.5)});
-    for (int reading = 3; reading < 50; ++reading) identifier.set(reading);
-    EXPECT_EQ(doubles(identifier.history()), (std::vector<double>{48, 49}));
+    for (int reading = 3; reading < 150; ++reading) identifier.set(reading);
+    EXPECT_EQ(doubles(identifier.history()), (std::vector<double>{148, 149}));
     for (const std::int64_t size : {0, -7}) {
         identifier.setHistorySize(size);
         EXPECT_EQ(identifier.historySize(), size);
@@ -74,5 +74,5 @@ TEST(NumberIdentifier, SlidesItsHistoryOfAnySizeAndWidensItsExtremes)
         identifier.set(8);
         EXPECT_EQ(doubles(identifier.history()), std::vector<double>{8});
     }
-    EXPECT_EQ(doubles({*identifier.min(), *identifier.max()}), (std::vector<double>{3, 49}));
+    EXPECT_EQ(doubles({*identifier.min(), *identifier.max()}), (std::vector<double>{3, 149}));
 }
