@@ -55,6 +55,9 @@ TEST(NumberIdentifier, SlidesItsHistoryOfAnySizeAndWidensItsExtremes)
     NumberIdentifier identifier("key");
     EXPECT_EQ(doubles(identifier.history()), std::vector<double>(60, 0));
     EXPECT_FALSE(identifier.value() || identifier.min() || identifier.max());
+    for (int reading = 1; reading <= 150; ++reading) identifier.set(reading);
+    EXPECT_EQ(identifier.history().front(), Number(91));
+    EXPECT_EQ(identifier.history().back(), Number(150));
     identifier.setHistorySize(4);
     for (const int reading : {5, 3, 9}) identifier.set(reading);
     EXPECT_EQ(doubles(identifier.history()), (std::vector<double>{0, 5, 3, 9}));
@@ -62,9 +65,11 @@ TEST(NumberIdentifier, SlidesItsHistoryOfAnySizeAndWidensItsExtremes)
     EXPECT_EQ(identifier.description(), "-");
     identifier.set(4U);
     EXPECT_EQ(doubles(identifier.history()), (std::vector<double>{3, 9, 4}));
-    identifier.setHistory({Number(1), Number(2.5)});
-    for (int reading = 3; reading < 150; ++reading) identifier.set(reading);
-    EXPECT_EQ(doubles(identifier.history()), (std::vector<double>{148, 149}));
+    identifier.setHistory({Number(1), Number(2)});
+    for (int reading = 3; reading <= 150; ++reading) {
+        identifier.set(reading);
+        EXPECT_EQ(doubles(identifier.history()), (std::vector<double>{reading - 1.0, reading + 0.0}));
+    }
     for (const std::int64_t size : {0, -7}) {
         identifier.setHistorySize(size);
         EXPECT_EQ(identifier.historySize(), size);
@@ -74,5 +79,5 @@ TEST(NumberIdentifier, SlidesItsHistoryOfAnySizeAndWidensItsExtremes)
         identifier.set(8);
         EXPECT_EQ(doubles(identifier.history()), std::vector<double>{8});
     }
-    EXPECT_EQ(doubles({*identifier.min(), *identifier.max()}), (std::vector<double>{3, 149}));
+    EXPECT_EQ(doubles({*identifier.min(), *identifier.max()}), (std::vector<double>{1, 150}));
 }
