@@ -18,7 +18,7 @@ public:
 
     void feed(const AnyValue& root)
     {
-        value(root);
+        isContainer(root) ? open(root) : scalar(root);
         while (!open_.empty()) step();
     }
 
@@ -32,22 +32,36 @@ private:
         bool isArray = false;
     };
 
+    static bool isContainer(const AnyValue& value)
+    {
+        return value.kind() == AnyValue::Kind::array || value.kind() == AnyValue::Kind::dictionary;
+    }
+
+    // To the next container within the innermost open one, or to its end.
     void step()
     {
         Level& level = open_.back();
-        if (level.item != level.itemsEnd) return value(*level.item++);
-        if (level.member != level.membersEnd) return member(*level.member++);
+        while (level.item != level.itemsEnd) {
+            const AnyValue& item = *level.item++;
+            if (isContainer(item)) return open(item);
+            scalar(item);
+        }
+        while (level.member != level.membersEnd) {
+            const auto& [key, value] = *level.member++;
+            sink_.key(*key.asText());
+            if (isContainer(value)) return open(value);
+            scalar(value);
+        }
         level.isArray ? sink_.endArray() : sink_.endDictionary();
         open_.pop_back();
     }
 
-    void member(const AnyDictionary::Entry& member)
+    void open(const AnyValue& value)
     {
-        sink_.key(*member.key.asText());
-        value(member.value);
+        value.kind() == AnyValue::Kind::array ? array(value.array()) : dictionary(value);
     }
 
-    void value(const AnyValue& value)
+    void scalar(const AnyValue& value)
     {
         using Kind = AnyValue::Kind;
         switch (value.kind()) {
@@ -80,11 +94,7 @@ private:
                 return sink_.url(*value.asUrl());
             case Kind::number:
                 return number(*value.asNumber());
-            case Kind::array:
-                return array(value.array());
-            case Kind::dictionary:
-                return dictionary(value);
-            case Kind::object:
+            default:
                 refuse(value, "AnyEncodable value cannot be encoded");
         }
     }

@@ -140,16 +140,16 @@ char* writeFewDecimals(double magnitude, char* to)
     for (int decimals = 1; decimals <= mostDecimals; ++decimals) {
         const double scaled = magnitude * powersOfTen[decimals];
         if (!(scaled < largest)) return nullptr;
-        const auto digits = static_cast<std::uint64_t>(scaled + 0.5);
+        const auto digits = static_cast<std::int64_t>(scaled + 0.5);
         const auto rounded = static_cast<double>(digits);
         // The product is off by half a unit at most; the division proves the rest.
         if (std::fabs(scaled - rounded) > scaled * 1e-15) continue;
         if (rounded / powersOfTen[decimals] != magnitude) continue;
-        const auto whole = static_cast<std::uint64_t>(magnitude);
-        const auto power = static_cast<std::uint64_t>(powersOfTen[decimals]);
-        to = std::to_chars(to, to + 20, whole).ptr;
+        const auto whole = static_cast<std::int64_t>(magnitude);
+        const auto power = static_cast<std::int64_t>(powersOfTen[decimals]);
+        to = std::to_chars(to, to + 20, static_cast<std::uint64_t>(whole)).ptr;
         *to = '.';
-        std::uint64_t fraction = digits - whole * power;
+        auto fraction = static_cast<std::uint64_t>(digits - whole * power);
         for (int place = decimals; place > 0; --place, fraction /= 10)
             to[place] = static_cast<char>('0' + fraction % 10);
         return to + decimals + 1;

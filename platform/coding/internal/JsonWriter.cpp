@@ -51,9 +51,8 @@ void JsonWriter::startValue()
     ++level.count;
 }
 
-void JsonWriter::startLine(int depth)
+void JsonWriter::breakLine(int depth)
 {
-    if (!isPretty_) return;
     const auto indent = static_cast<std::size_t>(depth) * 2;
     ensure(indent + numberSpace);
     put('\n');
@@ -161,26 +160,36 @@ void JsonWriter::key(std::string_view key)
 
 bool JsonWriter::quoted(std::string_view text)
 {
+    const std::string_view start = text.substr(0, chunk);
+    ensure(start.size() * longestEscape + numberSpace);
     put('"');
+    text.remove_prefix(copyPlain(start, ByteScan::highs));
+    if (!text.empty() && !quotedWithCare(text)) return false;
+    put('"');
+    return true;
+}
+
+// What begins with a byte that is not copied plainly, or where a chunk ended.
+bool JsonWriter::quotedWithCare(std::string_view rest)
+{
     std::uint64_t highBits = ByteScan::highs;
-    while (!text.empty()) {
-        ensure(std::min(text.size(), chunk) * longestEscape + numberSpace);
-        text.remove_prefix(copyPlain(text.substr(0, chunk), highBits));
-        if (text.empty()) break;
-        const char next = text.front();
+    while (!rest.empty()) {
+        ensure(std::min(rest.size(), chunk) * longestEscape + numberSpace);
+        rest.remove_prefix(copyPlain(rest.substr(0, chunk), highBits));
+        if (rest.empty()) break;
+        const char next = rest.front();
         if (static_cast<unsigned char>(next) < 0x80) {
             const bool isPlain = next >= 0x20 && next != '"' && next != '\\';
             isPlain ? put(next) : escape(next);
-            text.remove_prefix(1);
+            rest.remove_prefix(1);
         } else if (highBits != 0) {
-            if (!isJsonText(text)) return false;
+            if (!isJsonText(rest)) return false;
             highBits = 0;
         } else {
             put(next);
-            text.remove_prefix(1);
+            rest.remove_prefix(1);
         }
     }
-    put('"');
     return true;
 }
 
@@ -198,16 +207,6 @@ std::size_t JsonWriter::copyPlain(std::string_view text, std::uint64_t highBits)
         at -= word - rest;  // the last word begins with bytes that are copied already
         cursor_ -= word - rest;
     }
-}
-
-// The same for one word. A NUL needs care, so it ends a shorter text.
-std::size_t JsonWriter::copyPlain(std::uint64_t bytes, std::uint64_t highBits)
-{
-    const std::uint64_t marks =
-        ByteScan::equalTo(bytes, '"') | ByteScan::equalTo(bytes, '\\') | ByteScan::controls(bytes) | (bytes & highBits);
-    std::memcpy(cursor_, &bytes, sizeof bytes);
-    cursor_ += ByteScan::first(marks);
-    return ByteScan::first(marks);
 }
 
 void JsonWriter::escape(char c)

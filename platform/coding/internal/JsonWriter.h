@@ -3,12 +3,14 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "platform/coding/JSONDecoder.h"
 #include "platform/coding/JSONEncoder.h"
+#include "platform/coding/internal/ByteScan.h"
 
 namespace Platform {
 
@@ -54,13 +56,26 @@ private:
     void grow(std::size_t space);
     void put(char c) { *cursor_++ = c; }
     void startValue();
-    void startLine(int depth);
+    void startLine(int depth)
+    {
+        if (isPretty_) breakLine(depth);
+    }
+    void breakLine(int depth);
     void begin(char bracket, bool isArray);
     void end(char bracket);
     void word(std::string_view text);
     bool quoted(std::string_view text);
+    bool quotedWithCare(std::string_view rest);
     std::size_t copyPlain(std::string_view text, std::uint64_t highBits);
-    std::size_t copyPlain(std::uint64_t bytes, std::uint64_t highBits);
+    // The same for one word. A NUL needs care, so it ends a shorter text.
+    std::size_t copyPlain(std::uint64_t bytes, std::uint64_t highBits)
+    {
+        const std::uint64_t marks =
+            ByteScan::controlsAndQuotes(bytes) | ByteScan::equalTo(bytes, '\\') | (bytes & highBits);
+        std::memcpy(cursor_, &bytes, sizeof bytes);
+        cursor_ += ByteScan::first(marks);
+        return ByteScan::first(marks);
+    }
     void escape(char c);
     [[noreturn]] void refuseText(std::string_view text) const;
     CodingKey lastKey(const Level& level) const;
