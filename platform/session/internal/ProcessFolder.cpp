@@ -56,7 +56,8 @@ ProcessFolder::ProcessFolder(const std::string& path)
 
 bool ProcessFolder::anyProcess(const std::function<bool(pid_t)>& block) const
 {
-    alignas(Record) std::array<char, 32768> records;
+    // Some 250 processes at a time: what the stack has once held, the program keeps.
+    alignas(Record) std::array<char, 8192> records;
     const std::lock_guard lock(passMutex_);
     ::lseek(folder_.get(), 0, SEEK_SET);
     while (true) {
