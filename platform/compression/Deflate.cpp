@@ -72,14 +72,14 @@ std::size_t projectedSize(std::size_t produced, std::size_t consumed, std::size_
     if (consumed == 0) return produced * 2;
     const double whole = static_cast<double>(produced) / static_cast<double>(consumed) * static_cast<double>(total);
     const double most = static_cast<double>(produced) * 8;
-    return static_cast<std::size_t>(std::min(whole + whole / 16, most)) + largestChunk;
+    return static_cast<std::size_t>(std::min(whole + whole / 16, most));
 }
 
 std::size_t grownSize(const Data& result, const Stream& stream, std::size_t total, std::size_t cap)
 {
     const std::size_t step = std::clamp(total, smallestChunk, largestChunk);
     const std::size_t projected = projectedSize(result.size(), stream.consumed(), total);
-    return std::min(std::max(result.size() + step, projected), cap);
+    return std::min(std::max(result.size(), projected) + step, cap);
 }
 
 // Lets the stream write until it ends; absent when it does not, or would pass the cap.
@@ -87,7 +87,7 @@ template <typename Process>
 std::optional<Data> drain(Stream& stream, std::size_t total, std::size_t firstSize, std::size_t cap, Process process)
 {
     Data result;
-    result.reserve(1);  // zlib refuses a null place, even for no bytes
+    result.reserve(std::max<std::size_t>(std::min(firstSize, cap), 1));  // zlib refuses a null place, even for no bytes
     result.resize(std::min(firstSize, cap));
     std::size_t used = 0;
     for (;;) {
@@ -119,7 +119,8 @@ try {
     Stream stream(bytes, deflateEnd);
     stream.begun(deflateInit2(&stream.raw(), Z_DEFAULT_COMPRESSION, Z_DEFLATED, -MAX_WBITS, 8, Z_DEFAULT_STRATEGY));
     if (!stream.isOpen()) return std::nullopt;
-    const std::size_t firstSize = std::clamp(bytes.size() / 2, smallestChunk, largestChunk);
+    // Small ones fit at once even where nothing can be packed.
+    const std::size_t firstSize = std::min(bytes.size() + bytes.size() / 1000 + smallestChunk, largestChunk);
     return drain(stream, bytes.size(), firstSize, unlimitedSize,
                  [](Stream& s) { return ::deflate(&s.raw(), s.hasMoreInput() ? Z_NO_FLUSH : Z_FINISH); });
 } catch (const std::bad_alloc&) {
