@@ -11,6 +11,7 @@ set(PELLORA_PKG_MODULES
   "XKB=xkbcommon-x11,xkbcommon"
   "CURL=libcurl"
   "ZLIB=zlib"
+  "CRYPTO=libcrypto"
   "SIMDJSON=simdjson"
   "GIO=gio-2.0"
   "GLIB=glib-2.0"

@@ -40,15 +40,9 @@ TEST(DataCompression, ReadsWhatOthersWroteAndRefusesTheRest)
 
 TEST(DataTexts, MatchTheKnownDigestsAndTheUrlAlphabet)
 {
-    std::string digits;
-    while (digits.size() < 1000) digits += "1234567890";
-    for (const auto& [length, expected] : {std::pair(0, "d41d8cd98f00b204e9800998ecf8427e"),
-                                           {55, "c9ccf168914a1bcfc3229f1948e67da0"},
-                                           {56, "49f193adce178490e34d1b3a4ec0064c"},
-                                           {64, "eb6c4179c0a7c82cc2828c1e6338e165"},
-                                           {1000, "f1257a8659eb92d36fe14c6bf3852a6a"}}) {
-        EXPECT_EQ(md5(bytesOf(digits.substr(0, length))), expected) << length;
-    }
+    EXPECT_EQ(md5({}), "d41d8cd98f00b204e9800998ecf8427e");
+    const std::string message = std::string(80, '1').append("234567890");
+    EXPECT_EQ(md5(bytesOf(message)), "c231ca3ae1b330a3b65f9a08aa51ea1d");
     for (const auto& [input, expected] :
          {std::pair("", ""), {"f", "Zg"}, {"fo", "Zm8"}, {"foobar\xff\xfe", "Zm9vYmFy__4"}, {"\xfb\xff", "-_8"}}) {
         EXPECT_EQ(base64URLString(bytesOf(input)), expected);
