@@ -15,6 +15,6 @@ foreach(size 48 128 256)
     DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps" COMPONENT pellora-launcher)
 endforeach()
 install(FILES packaging/pellora.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT pellora-launcher)
-install(DIRECTORY docs/ DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/pellora" COMPONENT pellora-doc
-  FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.svg")
-install(FILES README.md CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/pellora" COMPONENT pellora-doc)
+install(DIRECTORY docs/ DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/pellora/docs" COMPONENT pellora-doc
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.csv" PATTERN "*.png" PATTERN "*.svg")
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/pellora" COMPONENT pellora-doc)

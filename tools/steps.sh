@@ -24,6 +24,18 @@ quietly() {
   return "$code"
 }
 
+# bounded SECONDS COMMAND...: as timeout does, but Ctrl-C ends it, too.
+trap 'exit 130' INT
+bounded() {
+  timeout "$@" &
+  local running=$! code=0
+  trap 'kill "$running" 2>/dev/null; exit 130' INT TERM
+  wait "$running" || code=$?
+  trap 'exit 130' INT
+  trap - TERM
+  return "$code"
+}
+
 # build_preset PRESET [TARGET...]: configures and builds; ninja shows its progress on a terminal, elsewhere errors only.
 build_preset() {
   local preset=$1 start=$SECONDS quiet=--quiet
@@ -32,6 +44,7 @@ build_preset() {
     fail "configuring '$preset' failed (whole output: build/logs/configure-$preset.log)"
   [ -t 2 ] && quiet=
   say "building $preset ..."
-  ninja -C "build/$preset" $quiet "$@" >&2 </dev/null || fail "building '$preset' failed: see the first error above"
+  # One build at a time in a folder.
+  flock "build/$preset.lock" ninja -C "build/$preset" $quiet "$@" >&2 </dev/null || fail "building '$preset' failed: see the first error above"
   say "built $preset in $((SECONDS - start)) s"
 }

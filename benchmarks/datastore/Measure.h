@@ -10,17 +10,35 @@
 #include <vector>
 
 #include <pthread.h>
+#include <sched.h>
+#include <unistd.h>
 
 #include "benchmarks/Interleaved.h"
 
 namespace Bench {
 
-inline void pinTo(unsigned core)
+// The processors that this program may use, as it was started.
+inline const cpu_set_t& allowedProcessors()
 {
-    cpu_set_t cores;
-    CPU_ZERO(&cores);
-    CPU_SET(core % std::thread::hardware_concurrency(), &cores);
-    pthread_setaffinity_np(pthread_self(), sizeof cores, &cores);
+    static const cpu_set_t allowed = [] {
+        cpu_set_t set;
+        CPU_ZERO(&set);
+        sched_getaffinity(getpid(), sizeof set, &set);
+        return set;
+    }();
+    return allowed;
+}
+
+inline void pinTo(unsigned at)
+{
+    const cpu_set_t& allowed = allowedProcessors();
+    unsigned left = at % static_cast<unsigned>(CPU_COUNT(&allowed));
+    unsigned core = 0;
+    while (!CPU_ISSET(core, &allowed) || left-- > 0) ++core;
+    cpu_set_t one;
+    CPU_ZERO(&one);
+    CPU_SET(core, &one);
+    pthread_setaffinity_np(pthread_self(), sizeof one, &one);
 }
 
 // Processor time of the calling thread, which other programs do not lengthen.
