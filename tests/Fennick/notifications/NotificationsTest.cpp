@@ -69,6 +69,7 @@ TEST(ReviewController, PromptsOnceAndNotBeforeThreeDays)
     const Tests::ReplacedEnvironment environment(home.path());
     const Tests::ReplacedClock clock;
     const Tests::Replaced<Platform::ReviewPrompt, CountingPrompt> prompt;
+    const Platform::Shared<ReviewController>::Override fresh;
     ReviewController& controller = ReviewController::shared();
     controller.requestReview("export");
     clock->advance(259199);
