@@ -14,8 +14,9 @@ std::unique_ptr<X11HotKeyService> X11HotKeyService::open()
 }
 
 X11HotKeyService::X11HotKeyService(std::shared_ptr<XConnection> connection)
-    : connection_(std::move(connection)), map_(XKeyMap::read(*connection_)), grabs_(connection_)
+    : connection_(std::move(connection)), grabs_(connection_)
 {
+    renew();
     events_ = connection_->serve(
         {[this](const xcb_generic_event_t& event) { handle(event); }, [this] { renewSoon(); }, [this] { lost(); }});
 }
@@ -23,7 +24,7 @@ X11HotKeyService::X11HotKeyService(std::shared_ptr<XConnection> connection)
 HotKeyRegistration X11HotKeyService::registerKey(std::uint32_t keyCode, std::uint32_t modifiers, HotKeyId id)
 {
     const KeyCombination combination{keyCode, modifiers & HotKeyMask::all};
-    if (!connection_->isAnswered()) return {HotKeyStatuses::unsupported, std::nullopt};
+    if (!isReady()) return {HotKeyStatuses::unsupported, std::nullopt};
     const auto key = map_.key(combination);
     if (!key) return {HotKeyStatuses::hotKeyInvalid, std::nullopt};
     const auto holder = combinations_.find(*key);
@@ -84,9 +85,18 @@ void X11HotKeyService::handleRelease(const xcb_key_release_event_t& event)
     table->release(keyCode);
 }
 
+// The server answers, and its map is the one that we go by.
+bool X11HotKeyService::isReady()
+{
+    if (!connection_->isAnswered()) return false;
+    if (!isMapCurrent_) renew();
+    return isMapCurrent_;
+}
+
 // A new layout announces itself by many events; one turn later all have come.
 void X11HotKeyService::renewSoon()
 {
+    isMapCurrent_ = false;
     if (isRenewing_) return;
     isRenewing_ = std::make_shared<bool>(true);
     RunLoop::main().post([this, alive = std::weak_ptr(isRenewing_)] {
@@ -96,10 +106,14 @@ void X11HotKeyService::renewSoon()
     });
 }
 
-// The new grabs first, so that no press between them is lost.
+// The new grabs first, so that no press between them is lost. Without an answer
+// all stays as it is, and the server's next one brings us here again.
 void X11HotKeyService::renew()
 {
-    map_ = XKeyMap::read(*connection_);
+    auto map = XKeyMap::read(*connection_);
+    if (!map) return;
+    map_ = *std::move(map);
+    isMapCurrent_ = true;
     combinations_.clear();
     claim();
     dropUnused();
@@ -113,7 +127,8 @@ void X11HotKeyService::claim()
     for (const KeyCombination& combination : table_->combinations()) {
         const auto key = map_.key(combination);
         if (!key || !combinations_.emplace(*key, combination).second) continue;
-        if (!grabs_.add(map_.withLocks(*key))) log("a hot key is held by another program under the new keyboard map");
+        if (!grabs_.add(map_.withLocks(*key)) && connection_->isAnswered())
+            log("a hot key is held by another program under the new keyboard map");
     }
 }
 

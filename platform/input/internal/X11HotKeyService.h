@@ -25,6 +25,7 @@ private:
     void handle(const xcb_generic_event_t& event);
     void handlePress(const xcb_key_press_event_t& event);
     void handleRelease(const xcb_key_release_event_t& event);
+    bool isReady();
     void renewSoon();
     void renew();
     void claim();
@@ -33,6 +34,7 @@ private:
 
     std::shared_ptr<XConnection> connection_;
     XKeyMap map_;
+    bool isMapCurrent_ = false;
     XKeyGrabs grabs_;
     std::shared_ptr<HotKeyTable> table_ = std::make_shared<HotKeyTable>();  // outlives a handler that ends the service
     std::map<XKey, KeyCombination> combinations_;

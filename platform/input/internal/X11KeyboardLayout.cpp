@@ -39,6 +39,7 @@ struct X11KeyboardLayout::State {
     std::shared_ptr<XConnection> connection;
     XkbContext context{xkb_context_new(XKB_CONTEXT_NO_FLAGS)};
     XkbKeymap keymap;
+    bool isExtensionReady = false;
 
     std::optional<xkb_layout_index_t> activeLayout() const;
     std::optional<xkb_layout_index_t> asciiLayout();
@@ -48,6 +49,7 @@ struct X11KeyboardLayout::State {
 // A round trip: what had changed before has been told when the answer is here.
 std::optional<xkb_layout_index_t> X11KeyboardLayout::State::activeLayout() const
 {
+    if (!connection->isAnswered()) return std::nullopt;
     const auto cookie = xcb_xkb_get_state(connection->get(), XCB_XKB_ID_USE_CORE_KBD);
     if (!connection->isAnswered()) {
         xcb_discard_reply(connection->get(), cookie.sequence);
@@ -64,6 +66,11 @@ void X11KeyboardLayout::State::refresh()
         if (connection->isMapChange(*event)) keymap = nullptr;
     }
     if (keymap) return;
+    isExtensionReady =
+        isExtensionReady ||
+        xkb_x11_setup_xkb_extension(connection->get(), XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
+                                    XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr, nullptr) == 1;
+    if (!isExtensionReady) return;
     const int keyboard = xkb_x11_get_core_keyboard_device_id(connection->get());
     if (keyboard < 0) return;
     keymap.reset(
@@ -91,8 +98,6 @@ std::unique_ptr<X11KeyboardLayout> X11KeyboardLayout::open()
     auto state = std::make_unique<State>();
     state->connection = XConnection::open();
     if (!state->connection || !state->context) return nullptr;
-    xkb_x11_setup_xkb_extension(state->connection->get(), XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
-                                XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr, nullptr);
     return std::unique_ptr<X11KeyboardLayout>(new X11KeyboardLayout(std::move(state)));
 }
 

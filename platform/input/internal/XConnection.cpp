@@ -1,14 +1,11 @@
 #include "platform/input/internal/XConnection.h"
 
-#include <chrono>
-#include <future>
-#include <thread>
-
 #include <poll.h>
 #include <sys/epoll.h>
 #include <xcb/xcbext.h>
 
 #include "platform/input/internal/Xkb.h"
+#include "platform/runtime/Queue.h"
 #include "platform/runtime/RunLoop.h"
 
 namespace Platform {
@@ -56,45 +53,64 @@ bool awaitInput(int descriptor, std::chrono::steady_clock::time_point deadline)
 
 }  // namespace
 
-// The library's connecting has no deadline, so it happens on a thread, which is left behind with a server that hangs.
 std::shared_ptr<XConnection> XConnection::open()
 {
-    std::promise<std::shared_ptr<XConnection>> promise;
-    auto opened = promise.get_future();
-    std::thread([promise = std::move(promise)]() mutable { promise.set_value(connect()); }).detach();
-    return opened.wait_for(patience) == std::future_status::ready ? opened.get() : nullptr;
+    const std::shared_ptr<XConnection> connection(new XConnection);
+    connection->takeOver(patience);
+    return connection->isLost() ? nullptr : connection;
 }
 
-std::shared_ptr<XConnection> XConnection::connect()
+// The library's connecting has no deadline, so it happens on a thread that a server which hangs may keep.
+XConnection::XConnection()
+{
+    const auto promise = std::make_shared<std::promise<Session>>();
+    joining_ = promise->get_future();
+    Queue::global().async([promise] { promise->set_value(join()); });
+}
+
+XConnection::Session XConnection::join()
 {
     int screen = 0;
-    const std::shared_ptr<XConnection> connection(new XConnection(xcb_connect(nullptr, &screen)));
-    return connection->setUp(screen) ? connection : nullptr;
+    Session session{decltype(Session::connection)(xcb_connect(nullptr, &screen))};
+    xcb_connection_t* connection = session.connection.get();
+    if (xcb_connection_has_error(connection)) return {};
+    const auto* extension = xcb_get_extension_data(connection, &xcb_xkb_id);
+    if (!extension || !extension->present || !useKeyboardExtension(connection)) return {};
+    session.keyboardEvent = extension->first_event;
+    session.root = rootOf(connection, screen);
+    selectMapChanges(connection);
+    askForPlainRepeats(connection);
+    xcb_flush(connection);
+    return session;
 }
 
-bool XConnection::setUp(int screen)
+void XConnection::takeOver(std::chrono::seconds patience)
 {
-    if (isLost()) return false;
-    const auto* extension = xcb_get_extension_data(get(), &xcb_xkb_id);
-    if (!extension || !extension->present || !useKeyboardExtension(get())) return false;
-    keyboardEvent_ = extension->first_event;
-    root_ = rootOf(get(), screen);
-    selectMapChanges(get());
-    askForPlainRepeats(get());
-    xcb_flush(get());
-    return true;
+    if (!isJoining() || joining_.wait_for(patience) != std::future_status::ready) return;
+    session_ = joining_.get();
+    if (!listener_.onEvent || !get()) return;
+    startWatching();
+    tellAnswering();
 }
 
 bool XConnection::isMapChange(const xcb_generic_event_t& event) const
 {
     const int type = event.response_type & 0x7F;
     if (type == XCB_MAPPING_NOTIFY) return true;
-    return type == keyboardEvent_ && (event.pad0 == XCB_XKB_NEW_KEYBOARD_NOTIFY || event.pad0 == XCB_XKB_MAP_NOTIFY);
+    return type == session_.keyboardEvent &&
+           (event.pad0 == XCB_XKB_NEW_KEYBOARD_NOTIFY || event.pad0 == XCB_XKB_MAP_NOTIFY);
+}
+
+XcbReply<xcb_generic_event_t> XConnection::takeEvent()
+{
+    return XcbReply<xcb_generic_event_t>(get() ? xcb_poll_for_event(get()) : nullptr);
 }
 
 // The server answers in order, so the answer to one more question stands behind all others.
 bool XConnection::isAnswered()
 {
+    takeOver(std::chrono::seconds(0));
+    if (isJoining() || isLost()) return false;
     const bool isNew = !lastQuestion_;
     if (isNew) {
         lastQuestion_ = xcb_get_input_focus(get()).sequence;
@@ -104,7 +120,9 @@ bool XConnection::isAnswered()
     while (!hasReplyToLastQuestion()) {
         if (!awaitInput(xcb_get_file_descriptor(get()), deadline)) return false;
     }
-    return isNew ? !isLost() : isAnswered();
+    if (isNew) return !isLost();
+    tellAnswering();
+    return isAnswered();
 }
 
 bool XConnection::hasReplyToLastQuestion()
@@ -118,10 +136,20 @@ bool XConnection::hasReplyToLastQuestion()
     return true;
 }
 
+void XConnection::startWatching()
+{
+    watch_ = RunLoop::main().watch(xcb_get_file_descriptor(get()), EPOLLIN, [this](std::uint32_t) { process(); });
+}
+
+void XConnection::tellAnswering()
+{
+    if (const auto answering = listener_.onAnswering) answering();
+}
+
 Subscription XConnection::serve(Listener listener)
 {
     listener_ = std::move(listener);
-    watch_ = RunLoop::main().watch(xcb_get_file_descriptor(get()), EPOLLIN, [this](std::uint32_t) { process(); });
+    if (get()) startWatching();
     return Subscription([this, self = weak_from_this()] {
         if (self.expired()) return;
         watch_.cancel();
@@ -149,7 +177,7 @@ void XConnection::process()
         watch_.cancel();
         if (const auto lost = std::exchange(listener_.onLost, nullptr)) lost();
     } else if (lastQuestion_ && hasReplyToLastQuestion()) {
-        if (const auto answering = listener_.onAnswering) answering();
+        tellAnswering();
     }
 }
 

@@ -4,6 +4,7 @@ namespace Platform {
 
 bool XKeyGrabs::add(const std::vector<XKey>& keys)
 {
+    if (!connection_->isAnswered()) return false;
     std::vector<std::pair<XKey, xcb_void_cookie_t>> asked;
     for (const XKey& key : keys) {
         if (held_.contains(key)) continue;

@@ -76,11 +76,12 @@ private:
 
 }  // namespace
 
-XKeyMap XKeyMap::read(XConnection& display)
+std::optional<XKeyMap> XKeyMap::read(XConnection& display)
 {
+    if (!display.isAnswered()) return std::nullopt;
     xcb_connection_t* connection = display.get();
     const xcb_setup_t* setup = xcb_get_setup(connection);
-    if (!setup || !display.isAnswered()) return {};
+    if (!setup) return std::nullopt;
     const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
     // All three are asked before the first answer is awaited.
     const auto namesCookie = xcb_xkb_get_names(connection, XCB_XKB_ID_USE_CORE_KBD, XCB_XKB_NAME_DETAIL_KEY_NAMES);
@@ -90,14 +91,14 @@ XKeyMap XKeyMap::read(XConnection& display)
         for (const unsigned sequence : {namesCookie.sequence, modifiersCookie.sequence, symbolsCookie.sequence}) {
             xcb_discard_reply(connection, sequence);
         }
-        return {};
+        return std::nullopt;
     }
     const XcbReply<xcb_xkb_get_names_reply_t> names(xcb_xkb_get_names_reply(connection, namesCookie, nullptr));
     const XcbReply<xcb_get_modifier_mapping_reply_t> modifiers(
         xcb_get_modifier_mapping_reply(connection, modifiersCookie, nullptr));
     const XcbReply<xcb_get_keyboard_mapping_reply_t> symbols(
         xcb_get_keyboard_mapping_reply(connection, symbolsCookie, nullptr));
-    if (!names || !modifiers || !symbols) return {};
+    if (!names || !modifiers || !symbols) return std::nullopt;
 
     const ModifierKeys keys(*modifiers, *symbols, setup->min_keycode);
     XKeyMap map;

@@ -25,8 +25,8 @@ struct XKey {
 // the time it was read. Two that are equal make the same grabs. A value.
 class XKeyMap {
 public:
-    // Empty when the server is gone or does not answer.
-    static XKeyMap read(XConnection& connection);
+    // Absent when the server is gone or does not answer.
+    static std::optional<XKeyMap> read(XConnection& connection);
 
     // Absent when the keyboard has no such position, or no such modifier, or
     // has it on a lock's place, where it cannot be told from the lock.

@@ -120,12 +120,22 @@ TEST_F(X11HotKey, WaitsOnceForAServerThatHangsAndGoesOnWithIt)
     EXPECT_EQ(service->registerKey(11, command, {1, 2}).status, HotKeyStatuses::unsupported);
     for (int call = 0; call < 50; ++call) service->registerKey(11, command, {1, 2});
     EXPECT_EQ(service->unregisterKey(*before.handle), HotKeyStatuses::noError);
-    EXPECT_EQ(X11HotKeyService::open(), nullptr);
+    const auto late = X11HotKeyService::open();
+    ASSERT_TRUE(late);
+    EXPECT_EQ(late->registerKey(12, command, {1, 4}).status, HotKeyStatuses::unsupported);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 
     display->thaw();
     EXPECT_TRUE(eventually([&] { return service->registerKey(11, command, {1, 3}).handle.has_value(); }));
     EXPECT_TRUE(OtherClient().grab(positionOfA, XCB_MOD_MASK_4)) << "let go while the server hung";
+    EXPECT_TRUE(typeOnce({"Super_L", "56"}));
+    EXPECT_TRUE(eventually([&] { return late->registerKey(12, command, {1, 4}).handle.has_value(); }));
+    EXPECT_FALSE(OtherClient().grab(24, XCB_MOD_MASK_4));  // of the position 12
+    ASSERT_EQ(runOnDisplay({"setxkbmap", "de"}), 0);       // is heard of
+    display->freeze();
+    service->registerKey(13, command, {1, 5});
+    display->thaw();
+    EXPECT_TRUE(eventually([&] { return service->registerKey(13, command, {1, 5}).handle.has_value(); }));
     EXPECT_TRUE(typeOnce({"Super_L", "56"}));
 }
 
