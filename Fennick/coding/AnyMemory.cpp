@@ -49,12 +49,17 @@ void* pieceAt(void* memory, Page* page)
     return new (memory) Header{page} + 1;
 }
 
+void* takeAlone(std::size_t bytes)
+{
+    return pieceAt(::operator new(sizeof(Header) + bytes), nullptr);
+}
+
 }  // namespace
 
 void* take(std::size_t bytes)
 {
     if (paged != nullptr && bytes <= largestPiece) return paged->take(bytes);
-    return pieceAt(::operator new(sizeof(Header) + bytes), nullptr);
+    return takeAlone(bytes);
 }
 
 void give(void* piece) noexcept
@@ -80,6 +85,7 @@ Paged::~Paged()
 
 void* Paged::take(std::size_t bytes)
 {
+    if (std::exchange(isFirst_, false)) return takeAlone(bytes);  // many a reading is of one piece
     const std::size_t size = sizeof(Header) + (bytes + sizeof(Header) - 1) / sizeof(Header) * sizeof(Header);
     if (static_cast<std::size_t>(end_ - next_) < size) turnPage(size);
     ++taken_;

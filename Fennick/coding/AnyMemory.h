@@ -30,6 +30,7 @@ private:
     void leavePage() noexcept;
 
     Paged* outer_;
+    bool isFirst_ = true;
     Page* page_ = nullptr;
     std::byte* next_ = nullptr;  // free from here
     std::byte* end_ = nullptr;

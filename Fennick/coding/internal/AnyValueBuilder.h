@@ -40,7 +40,7 @@ private:
     [[noreturn]] void refuse() const;
     void finish(std::size_t start, AnyValue container);
 
-    const AnyMemory::Paged paged_;
+    AnyMemory::Paged paged_;
     const Platform::Decoder& decoder_;
     std::vector<AnyValue> pending_;  // of every open container, the outermost's first
     std::vector<Level> levels_;
