@@ -9,13 +9,14 @@ set(PELLORA_PKG_MODULES
   "ICU=icu-i18n,icu-uc"
   "XCB=xcb,xcb-xkb"
   "XKB=xkbcommon-x11,xkbcommon"
-  "CURL=libcurl"
   "ZLIB=zlib"
   "CRYPTO=libcrypto"
   "SIMDJSON=simdjson"
-  "GIO=gio-2.0"
-  "GLIB=glib-2.0"
-  "HEIF=libheif")
+  "GLIB=glib-2.0")
+# Loaded when they are first needed: only our own build reads their headers, no user of the libraries does.
+if(NOT DEFINED CMAKE_FIND_PACKAGE_NAME)
+  list(APPEND PELLORA_PKG_MODULES "CURL=libcurl" "GIO=gio-2.0" "HEIF=libheif")
+endif()
 
 foreach(entry IN LISTS PELLORA_PKG_MODULES)
   string(REPLACE "=" ";" parts "${entry}")

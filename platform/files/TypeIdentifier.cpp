@@ -27,12 +27,9 @@ struct GioLibrary {
 // Where it is missing, no name tells a type and every type is a kind of itself only, which is said once.
 const GioLibrary& gio()
 {
-    static const GioLibrary& loaded = *[] {
-        const auto* const gio = new GioLibrary;  // for ever, as what it has started
-        if (!gio->library.isUsable()) log("Types of files are not known: " + gio->library.failure());
-        return gio;
-    }();
-    return loaded;
+    return loadedOnce<GioLibrary>([](const GioLibrary& gio) {
+        if (!gio.library.isUsable()) log("Types of files are not known: " + gio.library.failure());
+    });
 }
 
 constexpr std::string_view unknownType = "application/octet-stream";

@@ -45,4 +45,18 @@ private:
     std::string failure_;
 };
 
+// The one instance of such a struct. It is never destroyed, as what the library
+// has started goes on, and threads may outlive main. What is to be done first
+// is done once. Thread: any.
+template <typename Library>
+const Library& loadedOnce(void (*first)(const Library&))
+{
+    static const Library& loaded = *[first] {
+        const auto* const made = new Library;
+        first(*made);
+        return made;
+    }();
+    return loaded;
+}
+
 }  // namespace Platform

@@ -4,12 +4,9 @@ namespace Platform {
 
 const CurlLibrary& curl()
 {
-    static const CurlLibrary& loaded = *[] {
-        const auto* const curl = new CurlLibrary;  // for ever: threads may outlive main
-        if (curl->library.isUsable()) curl->start(CURL_GLOBAL_DEFAULT);
-        return curl;
-    }();
-    return loaded;
+    return loadedOnce<CurlLibrary>([](const CurlLibrary& curl) {
+        if (curl.library.isUsable()) curl.start(CURL_GLOBAL_DEFAULT);
+    });
 }
 
 }  // namespace Platform

@@ -32,12 +32,9 @@ struct HeifLibrary {
 // Where it is missing, no such picture has content, which is said once.
 const HeifLibrary& heif()
 {
-    static const HeifLibrary& loaded = *[] {
-        const auto* const heif = new HeifLibrary;  // for ever: pictures may be read until the process ends
-        if (!heif->library.isUsable()) log("HEIC and AVIF pictures cannot be read: " + heif->library.failure());
-        return heif;
-    }();
-    return loaded;
+    return loadedOnce<HeifLibrary>([](const HeifLibrary& heif) {
+        if (!heif.library.isUsable()) log("HEIC and AVIF pictures cannot be read: " + heif.library.failure());
+    });
 }
 
 using Context = std::unique_ptr<heif_context, decltype(&heif_context_free)>;
