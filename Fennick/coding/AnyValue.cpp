@@ -124,7 +124,7 @@ void AnyValue::swap(AnyValue& other) noexcept
 {
     unsigned char kept[sizeof *this];
     std::memcpy(kept, static_cast<const void*>(this), sizeof kept);
-    std::memcpy(static_cast<void*>(this), &other, sizeof kept);
+    std::memcpy(static_cast<void*>(this), static_cast<const void*>(&other), sizeof kept);
     std::memcpy(static_cast<void*>(&other), kept, sizeof kept);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
@@ -121,12 +122,12 @@ public:
 
     AnyValue(const AnyValue& other) noexcept
     {
-        std::memcpy(static_cast<void*>(this), &other, sizeof *this);
+        std::memcpy(static_cast<void*>(this), static_cast<const void*>(&other), sizeof *this);
         if (isHeld()) retain();
     }
     AnyValue(AnyValue&& other) noexcept
     {
-        std::memcpy(static_cast<void*>(this), &other, sizeof *this);
+        std::memcpy(static_cast<void*>(this), static_cast<const void*>(&other), sizeof *this);
         other.become(Kind::empty);
     }
     AnyValue& operator=(AnyValue other) noexcept
@@ -192,17 +193,15 @@ public:
     friend bool operator==(const AnyValue& a, const AnyValue& b);
     // Whether the text stands in the value itself. Two such are equal where their bytes are.
     bool isShortText() const { return kind_ == Kind::text && !isHeld(); }
-    bool hasBytesOf(const AnyValue& other) const { return std::memcmp(this, &other, sizeof *this) == 0; }
+    bool hasBytesOf(const AnyValue& other) const { return words() == other.words(); }
     std::size_t hash() const;
     // A small hash of a text that stands in the value itself: equal ones have the
     // same. Absent for all others, which equal no such text.
     std::optional<std::uint8_t> shortTextHash() const
     {
         if (!isShortText()) return std::nullopt;
-        std::uint64_t words[2];
-        static_assert(sizeof words == sizeof *this);
-        std::memcpy(words, static_cast<const void*>(this), sizeof words);
-        return static_cast<std::uint8_t>((words[0] + words[1] * 31) * 0x9E3779B97F4A7C15 >> 56);
+        const auto [first, second] = words();
+        return static_cast<std::uint8_t>((first + second * 31) * 0x9E3779B97F4A7C15 >> 56);
     }
 
 private:
@@ -251,19 +250,26 @@ private:
     template <typename T>
     void store(T payload)
     {
-        std::memcpy(bytes_, &payload, sizeof payload);
+        std::memcpy(bytes_, &payload, sizeof(T));  // NOLINT(bugprone-sizeof-expression): a node's address too
     }
     template <typename T>
     T load() const
     {
         T payload;
-        std::memcpy(&payload, bytes_, sizeof payload);
+        std::memcpy(&payload, bytes_, sizeof(T));  // NOLINT(bugprone-sizeof-expression)
         return payload;
     }
     template <typename N>
     N& node() const
     {
         return *static_cast<N*>(load<Node*>());
+    }
+    std::array<std::uint64_t, 2> words() const
+    {
+        std::array<std::uint64_t, 2> both;
+        static_assert(sizeof both == sizeof(AnyValue));
+        std::memcpy(both.data(), static_cast<const void*>(this), sizeof both);
+        return both;
     }
     bool isHeld() const { return size_ == held; }
     void become(Kind kind) noexcept

@@ -17,8 +17,8 @@ App::Url placeOf(const std::string& name)
 
 }  // namespace
 
-App::App(std::string name, std::string identifier)
-    : App(name, identifier, FileIconManager::shared().icon(name), placeOf(name))
+App::App(const std::string& name, std::string identifier)
+    : App(name, std::move(identifier), FileIconManager::shared().icon(name), placeOf(name))
 {
 }
 

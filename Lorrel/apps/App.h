@@ -21,7 +21,7 @@ public:
     using Url = Platform::Url;
 
     // With the application's icon; every optional is absent, every list empty.
-    App(std::string name, std::string identifier);
+    App(const std::string& name, std::string identifier);
     // The same where its icon and its place are known already.
     App(std::string name, std::string identifier, Platform::ImageRef icon, Url baseUrl);
 

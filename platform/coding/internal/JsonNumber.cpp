@@ -140,7 +140,7 @@ char* writeFewDecimals(double magnitude, char* to)
     for (int decimals = 1; decimals <= mostDecimals; ++decimals) {
         const double scaled = magnitude * powersOfTen[decimals];
         if (!(scaled < largest)) return nullptr;
-        const auto digits = static_cast<std::int64_t>(scaled + 0.5);
+        const auto digits = static_cast<std::int64_t>(scaled + 0.5);  // NOLINT(bugprone-incorrect-roundings)
         const auto rounded = static_cast<double>(digits);
         // The product is off by half a unit at most; the division proves the rest.
         if (std::fabs(scaled - rounded) > scaled * 1e-15) continue;
@@ -163,7 +163,7 @@ char* withFraction(char* start, char* end)
     if (std::find(start, end, '.') != end) return end;
     char* exponent = std::find(start, end, 'e');
     std::memmove(exponent + 2, exponent, static_cast<std::size_t>(end - exponent));
-    std::memcpy(exponent, ".0", 2);
+    std::memcpy(exponent, ".0", 2);  // NOLINT(bugprone-not-null-terminated-result)
     return end + 2;
 }
 

@@ -27,9 +27,10 @@ std::optional<std::uint64_t> cut(double value, int digits)
 {
     const double power = powersOfTen[static_cast<std::size_t>(digits)];
     const double product = value * power;
-    const auto nearest = static_cast<std::int64_t>(product + 0.5);
+    const auto whole = static_cast<std::int64_t>(product);
+    const std::int64_t nearest = product - static_cast<double>(whole) < 0.5 ? whole : whole + 1;
     const auto decimal = static_cast<double>(nearest);
-    if (std::abs(product - decimal) > bandAround(product)) return static_cast<std::uint64_t>(product);
+    if (std::abs(product - decimal) > bandAround(product)) return static_cast<std::uint64_t>(whole);
     if (decimal / power == value) return static_cast<std::uint64_t>(nearest);
     return std::nullopt;
 }
