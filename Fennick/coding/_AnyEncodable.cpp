@@ -94,7 +94,9 @@ private:
                 return sink_.url(*value.asUrl());
             case Kind::number:
                 return number(*value.asNumber());
-            default:
+            case Kind::array:
+            case Kind::dictionary:
+            case Kind::object:
                 refuse(value, "AnyEncodable value cannot be encoded");
         }
     }

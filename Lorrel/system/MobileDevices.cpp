@@ -20,7 +20,7 @@ constexpr MobileDeviceRow genericWatch{"", "Apple Watch", "Apple Watch", "com.ap
 template <typename Family>
 std::shared_ptr<MobileDevice> record(Rows rows, std::string_view identifier, const MobileDeviceRow* generic)
 {
-    // Neighbours differ in their last character at most, so most rows are passed without a look at the rest.
+    // Most rows differ already in the last character. Never empty: it holds the family's word.
     const auto isWanted = [&](const MobileDeviceRow& row) {
         return row.identifier.back() == identifier.back() && row.identifier == identifier;
     };

@@ -21,7 +21,7 @@ using Platform::PropertyList;
 using Platform::Url;
 using Platform::Visit;
 
-constexpr std::size_t mostThreads = 4;
+constexpr std::size_t mostThreads = 4;  // the caller's included
 // Fewer bundles than so many for each thread are read sooner than it starts.
 constexpr std::size_t bundlesWorthAThread = 8;
 
@@ -79,11 +79,11 @@ std::optional<BundleDescription> BundleDescription::read(const Url& bundle, bool
 
 std::vector<BundleDescription> BundleDescription::readAll(const std::vector<Url>& bundles, bool excludeApple)
 {
-    std::vector<std::optional<BundleDescription>> read(bundles.size());
+    std::vector<std::optional<BundleDescription>> descriptions(bundles.size());
     shareOut(bundles.size(),
-             [&](std::size_t number) { read[number] = BundleDescription::read(bundles[number], true, excludeApple); });
+             [&](std::size_t number) { descriptions[number] = read(bundles[number], true, excludeApple); });
     std::vector<BundleDescription> found;
-    for (auto& each : read) {
+    for (auto& each : descriptions) {
         if (each) found.push_back(*std::move(each));
     }
     return found;

@@ -112,8 +112,8 @@ std::optional<ScaledNumber> scaled(double value, int fractionDigits, Rounding ro
     return ScaledNumber{*result, std::signbit(value)};
 }
 
-std::optional<std::string> plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
-                                     int minimumFractionDigits)
+std::string plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
+                      int minimumFractionDigits)
 {
     std::uint64_t rest = number.magnitude;
     for (; fractionDigits > minimumFractionDigits && rest % 10 == 0; rest /= 10) --fractionDigits;
@@ -124,11 +124,11 @@ std::optional<std::string> plainText(const ScaledNumber& number, const NumberSym
     }
     writer.digits(rest);
 
-    std::optional<std::string> text(writer.written());
+    std::string text(writer.written());
     const std::string& before = number.isNegative ? symbols.negativePrefix : symbols.prefix;
     const std::string& behind = number.isNegative ? symbols.negativeSuffix : symbols.suffix;
-    if (!before.empty()) text->insert(0, before);
-    if (!behind.empty()) text->append(behind);
+    if (!before.empty()) text.insert(0, before);
+    if (!behind.empty()) text.append(behind);
     return text;
 }
 

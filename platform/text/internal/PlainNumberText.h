@@ -34,8 +34,7 @@ struct ScaledNumber {
 // could differ from rounding the shortest decimal that reads back.
 std::optional<ScaledNumber> scaled(double value, int fractionDigits, Rounding rounding);
 
-// Never absent; of the type in which the answer is handed on.
-std::optional<std::string> plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
-                                     int minimumFractionDigits);
+std::string plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
+                      int minimumFractionDigits);
 
 }  // namespace Platform
