@@ -84,9 +84,9 @@ XConnection::Session XConnection::join()
     return session;
 }
 
-void XConnection::takeOver(std::chrono::seconds patience)
+void XConnection::takeOver(std::chrono::seconds longest)
 {
-    if (!isJoining() || joining_.wait_for(patience) != std::future_status::ready) return;
+    if (!isJoining() || joining_.wait_for(longest) != std::future_status::ready) return;
     session_ = joining_.get();
     if (!listener_.onEvent || !get()) return;
     startWatching();

@@ -68,7 +68,7 @@ private:
     XConnection();
     static Session join();
     bool isJoining() const { return joining_.valid(); }
-    void takeOver(std::chrono::seconds patience);
+    void takeOver(std::chrono::seconds longest);
     bool hasReplyToLastQuestion();
     void startWatching();
     void tellAnswering();

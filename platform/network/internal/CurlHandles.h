@@ -1,11 +1,10 @@
 #pragma once
 
 #include <array>
+#include <clocale>
 #include <memory>
 #include <mutex>
 #include <string>
-
-#include <locale.h>
 
 #include "platform/network/internal/CurlLibrary.h"
 

@@ -1,10 +1,9 @@
 #include "platform/network/internal/NetworkThread.h"
 
 #include <algorithm>
+#include <csignal>
 #include <thread>
 #include <utility>
-
-#include <signal.h>
 
 namespace Platform {
 

@@ -1,9 +1,8 @@
 #include "platform/network/internal/PlainLine.h"
 
 #include <algorithm>
-
-#include <signal.h>
-#include <time.h>
+#include <csignal>
+#include <ctime>
 
 namespace Platform {
 

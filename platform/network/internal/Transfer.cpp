@@ -133,7 +133,9 @@ void Transfer::setHeaders()
 {
     // An empty value has a notation of its own; "Name:" would take the field out.
     for (const auto& [name, value] : request_.headers()) {
-        append(headerLines_, withoutOuterSpace(value).empty() ? name + ';' : name + ": " + value);
+        std::string line = name;
+        line += withoutOuterSpace(value).empty() ? ";" : ": " + value;
+        append(headerLines_, line);
     }
     const auto& given = request_.headers();
     // What the library would add by itself and nobody asked for.
