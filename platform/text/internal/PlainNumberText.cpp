@@ -112,8 +112,8 @@ std::optional<ScaledNumber> scaled(double value, int fractionDigits, Rounding ro
     return ScaledNumber{*result, std::signbit(value)};
 }
 
-std::string plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
-                      int minimumFractionDigits)
+std::optional<std::string> plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
+                                     int minimumFractionDigits)
 {
     std::uint64_t rest = number.magnitude;
     for (; fractionDigits > minimumFractionDigits && rest % 10 == 0; rest /= 10) --fractionDigits;
@@ -124,11 +124,11 @@ std::string plainText(const ScaledNumber& number, const NumberSymbols& symbols, 
     }
     writer.digits(rest);
 
-    std::string text(writer.written());
+    std::optional<std::string> text(writer.written());
     const std::string& before = number.isNegative ? symbols.negativePrefix : symbols.prefix;
     const std::string& behind = number.isNegative ? symbols.negativeSuffix : symbols.suffix;
-    if (!before.empty()) text.insert(0, before);
-    if (!behind.empty()) text.append(behind);
+    if (!before.empty()) text->insert(0, before);
+    if (!behind.empty()) text->append(behind);
     return text;
 }
 

@@ -34,7 +34,8 @@ struct ScaledNumber {
 // could differ from rounding the shortest decimal that reads back.
 std::optional<ScaledNumber> scaled(double value, int fractionDigits, Rounding rounding);
 
-std::string plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
-                      int minimumFractionDigits);
+// Never absent; of the type in which the answer is handed on.
+std::optional<std::string> plainText(const ScaledNumber& number, const NumberSymbols& symbols, int fractionDigits,
+                                     int minimumFractionDigits);
 
 }  // namespace Platform
