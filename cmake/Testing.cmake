@@ -27,5 +27,5 @@ function(pellora_test target)
     # Compiled as the prelude is, and as Qt wants it; where it does not fit, it is not used.
     target_compile_options(${target} PRIVATE -fPIC -Wno-error=invalid-pch)
   endif()
-  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT ${TEST_TIMEOUT} ${lock})
+  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT ${TEST_TIMEOUT} ENVIRONMENT "no_proxy=*" ${lock})
 endfunction()

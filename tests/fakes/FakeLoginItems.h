@@ -16,7 +16,9 @@ public:
     {
         wishes.emplace_back(identifier, isEnabled);
         if (isRefusing) return Platform::Error::fromErrno("open", identifier, EROFS);
-        jobs = std::vector<Platform::JobDictionary>{{{"Label", identifier}, {"OnDemand", isEnabled}}};
+        if (!jobs) jobs.emplace();
+        std::erase_if(*jobs, [&](const auto& job) { return *job.find("Label")->text() == identifier; });
+        if (isEnabled) jobs->push_back({{"Label", identifier}, {"OnDemand", true}});
         return {};
     }
     std::optional<std::vector<Platform::JobDictionary>> jobDictionaries() const override { return jobs; }
@@ -43,7 +45,8 @@ private:
     Platform::Result<void> change(const std::string& call, Status wanted)
     {
         calls.push_back(call);
-        if (isRefusing) return Platform::Error::fromErrno(call, "service", EPERM);
+        const bool isRefused = isRefusing || state == Status::requiresApproval;
+        if (isRefused) return Platform::Error::fromErrno(call, "service", EPERM);
         state = wanted;
         return {};
     }

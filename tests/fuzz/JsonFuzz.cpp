@@ -12,16 +12,18 @@ using Platform::JSONEncoder;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    bool isRead = false;
     try {
         const auto source = JSONDecoder().sourceOf(textOf(data, size));
         const auto value = Platform::Decoder(*source).decode<AnyCodable>();
+        isRead = true;
         source->tape();
         require(Platform::Decoder(*source).decode<AnyCodable>() == value, "the tape agrees");
         const std::string json = JSONEncoder().encode(value);
         require(JSONDecoder().decode<AnyCodable>(json) == value, "what is written reads back");
         require(JSONEncoder().encode(JSONDecoder().decode<AnyCodable>(json)) == json, "and is written the same");
     } catch (const DecodingError&) {
-        // Not JSON.
+        require(!isRead, "what was read once is read again");
     }
     return 0;
 }

@@ -69,13 +69,13 @@ struct HandOffTest : testing::Test {
     }
     bool hasOpened(std::size_t count) const
     {
-        return eventually([&] { return Tests::contentOf(home / "opened").size() == count; }, 5s);
+        return eventually([&] { return Tests::contentOf(home / "opened").size() == count; });
     }
 
     Tests::ChildProcess launcher() const
     {
         return Tests::ChildProcess({bundle + launcherInApp + "/Contents/MacOS/PelloraLauncher"},
-                                   {.streams = Tests::ChildStreams::silent});
+                                   {.streams = Tests::ChildStreams::outputAndErrors});
     }
     // From a process of its own, which ends right after it.
     static void post(const std::optional<std::string>& object)
@@ -120,6 +120,7 @@ TEST_F(HandOffTest, OnlyTheRightKillmeEndsAWaitingLauncherAlsoWhereNothingCouldB
         if (opened == 0) fs::remove(bundle + "/Contents/MacOS/Program");
         auto waiting = launcher();
         ASSERT_TRUE(hasOpened(opened));
+        ASSERT_TRUE(opened > 0 || waiting.readLine()) << "tells what it could not open";
         for (const auto& object : {std::optional<std::string>("com.example.other"), {std::nullopt}, {""}}) post(object);
         EXPECT_EQ(waiting.wait(300ms), std::nullopt);
         expectEndByKillme({&waiting});

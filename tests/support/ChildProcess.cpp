@@ -83,7 +83,8 @@ ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Chil
 
 ChildProcess::~ChildProcess()
 {
-    kill();
+    signal(SIGKILL);
+    wait();
 }
 
 std::optional<int> ChildProcess::wait(milliseconds timeout)
@@ -129,12 +130,6 @@ std::string ChildProcess::readAll(milliseconds timeout)
 void ChildProcess::signal(int number)
 {
     if (pidDescriptor_ && !status_) ::syscall(SYS_pidfd_send_signal, pidDescriptor_.get(), number, nullptr, 0);
-}
-
-void ChildProcess::kill()
-{
-    signal(SIGKILL);
-    wait();
 }
 
 }  // namespace Tests

@@ -31,7 +31,6 @@ public:
     ChildProcess(ChildProcess&&) noexcept = default;
     ~ChildProcess();
 
-    pid_t pid() const { return pid_; }
     bool hasEnded() { return wait(std::chrono::seconds(0)).has_value(); }
 
     // The exit code, or 128 and the signal's number; absent while it still runs
@@ -44,8 +43,6 @@ public:
     std::string readAll(std::chrono::milliseconds timeout = std::chrono::seconds(10));
 
     void signal(int number);
-    // Ends it without asking and takes its status.
-    void kill();
 
 private:
     using Deadline = std::chrono::steady_clock::time_point;

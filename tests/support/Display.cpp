@@ -28,6 +28,7 @@ Display::Display(const std::string& screen)
 // Asked politely it takes its lock file along, which another user could not remove.
 Display::~Display()
 {
+    thaw();
     server_.signal(SIGTERM);
     server_.wait(std::chrono::seconds(5));
 }

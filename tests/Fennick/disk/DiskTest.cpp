@@ -105,12 +105,14 @@ TEST(DirectoryObserver, CallsOnABackgroundThreadForEveryKindOfEvent)
 TEST(DirectoryObserver, EndsWithItsOwnerEvenWhileEventsComeOrWhereNoneCan)
 {
     const Tests::TemporaryDirectory root;
+    std::atomic<int> late = 0;
     for (int i = 0; i < 50; ++i) {
+        const auto isEnded = std::make_shared<std::atomic<bool>>(false);
         {
-            const auto calls = std::make_shared<std::atomic<int>>();
-            const DirectoryObserver observer(root.url(), [calls] { ++*calls; });
+            const DirectoryObserver observer(root.url(), [&late, isEnded] { late += *isEnded; });
             root.write("file" + std::to_string(i), "");
         }
+        *isEnded = true;
         root.write("later" + std::to_string(i), "");
     }
     EXPECT_EQ(DirectoryObserver(Url::fromPath(root / "missing"), [] {}).fileDescriptor(), -1);
@@ -118,6 +120,7 @@ TEST(DirectoryObserver, EndsWithItsOwnerEvenWhileEventsComeOrWhereNoneCan)
     const DirectoryObserver last(root.url(), [&] { isCalled = true; });
     root.write("end", "");
     EXPECT_TRUE(Tests::eventually([&] { return isCalled.load(); }));
+    EXPECT_LT(late, 10) << "but for calls that had begun";
 }
 
 }  // namespace

@@ -35,6 +35,8 @@ TEST(Tinting, OfASymbolIsThatOfItsBitmap)
     flat->setTemplate(true);
     const auto a = Tests::rowsOf(Fennick::tinted(symbol, red.withAlpha(0.5)));
     const auto b = Tests::rowsOf(Fennick::tinted(flat, red.withAlpha(0.5)));
+    ASSERT_FALSE(a.empty());
+    ASSERT_EQ(std::pair(a.size(), a[0].size()), std::pair(b.size(), b[0].size()));
     for (std::size_t y = 0; y < a.size(); ++y) {
         for (std::size_t x = 0; x < a.size(); ++x) {
             EXPECT_NEAR(int(a[y][x] >> 16 & 0xff), int(b[y][x] >> 16 & 0xff), 2) << x << "," << y;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <regex>
 
 #include <gtest/gtest.h>
@@ -279,9 +280,12 @@ TEST_F(MenuTest, ViewsShowAsPicturesThatFollowTheHighlight)
     const auto line = add("hidden title", 1, menu);
     line->setView(view);
     EXPECT_EQ(layout(), "0 1 children-display s submenu 1 | 1 2 label s  icon-data ay ");
-    host->signals.clear();
+    const auto tells = [&](const char* signal) {
+        return eventually([&] { return std::ranges::count(host->signals, signal) > 0; });
+    };
+    EXPECT_TRUE(tells("LayoutUpdated"));
     send(1, "hovered");
-    EXPECT_TRUE(eventually([&] { return !host->signals.empty(); }));
+    EXPECT_TRUE(tells("ItemsPropertiesUpdated"));
     line->setView(nullptr);
     EXPECT_EQ(view->enclosingMenuItem(), nullptr);
 }

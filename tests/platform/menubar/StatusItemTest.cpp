@@ -50,7 +50,8 @@ TEST_F(StatusItemTest, AppearsWhenTheHostStartsLateAndAgainAfterEachOfTwentyRest
     RunLoop::current().drain();
     for (int round = 0; round < 20; ++round) {
         TrayHost host;
-        ASSERT_TRUE(eventually([&] { return host.registrations == 1; }, std::chrono::seconds(1))) << round;
+        ASSERT_TRUE(host.waitForItem()) << round;
+        EXPECT_EQ(host.registrations, 1);
         ASSERT_TRUE(isShown());
         EXPECT_EQ(host.text("Title"), "42 %");
     }

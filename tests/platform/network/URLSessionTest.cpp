@@ -73,7 +73,7 @@ TEST(URLSession, BringsEachPage)
     };
     for (const auto& [url, text] : pages) EXPECT_EQ(answer(requestFor(url)), text) << url;
     // Slower than its time-out as a whole, but never silent for so long.
-    EXPECT_EQ(answer(requestFor(server.url("/drip"), 500ms)), "200 slowly");
+    EXPECT_EQ(answer(requestFor(server.url("/drip"), 1s)), "200 slowly");
     const auto redirected = URLSession::ephemeral()->fetch(requestFor(server.url("/redirect/20")));
     ASSERT_TRUE(redirected.response);
     EXPECT_EQ(redirected.response->url(), server.url("/echo"));

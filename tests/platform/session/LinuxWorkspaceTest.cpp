@@ -67,6 +67,8 @@ protected:
         return Url::fromPath(folder / name);
     }
 
+    // The machine's processes are everybody's: other runs of this test are among them.
+    const std::string own = "org.example.a" + std::to_string(::getpid());
     Tests::TemporaryDirectory folder;
     Tests::ReplacedEnvironment environment;
     LinuxWorkspace linux;
@@ -85,22 +87,22 @@ INSTANTIATE_TEST_SUITE_P(RealAndFake, WorkspaceContract, testing::Bool());
 
 TEST_P(WorkspaceContract, AnOpenedApplicationRunsOnceUntilItIsTerminated)
 {
-    for (const auto& identifier : {std::optional<std::string>("org.example.a"), std::optional<std::string>()}) {
+    for (const auto& identifier : {std::optional(own), std::optional<std::string>()}) {
         const std::string name = identifier ? "A b'\"%41\n\xc3\xa9.app" : "Nameless.app";
         fake.install(folder / name, identifier);
         const Url url = install(name, identifier);
-        EXPECT_FALSE(session.isRunning("org.example.a"));
+        EXPECT_FALSE(session.isRunning(own));
         const auto opened = session.openApplication(url);
         ASSERT_TRUE(opened) << opened.error().message();
         EXPECT_EQ(*session.openApplication(url), *opened);
-        for (int i = 0; i < 2; ++i) EXPECT_EQ(session.isRunning("org.example.a"), identifier.has_value());
-        EXPECT_FALSE(session.isRunning("org.example.A"));
-        EXPECT_EQ(session.firstRunning("org.example.a"), identifier ? std::optional(*opened) : std::nullopt);
+        for (int i = 0; i < 2; ++i) EXPECT_EQ(session.isRunning(own), identifier.has_value());
+        EXPECT_FALSE(session.isRunning("O" + own.substr(1)));
+        EXPECT_EQ(session.firstRunning(own), identifier ? std::optional(*opened) : std::nullopt);
 
         const int process = opened->processIdentifier();
         EXPECT_FALSE(session.terminate({process, opened->startTime() + 1, identifier, url, url})) << "one that ended";
         EXPECT_TRUE(session.terminate(*opened));
-        EXPECT_TRUE(eventually([&] { return !session.terminate(*opened) && !session.isRunning("org.example.a"); }));
+        EXPECT_TRUE(eventually([&] { return !session.terminate(*opened) && !session.isRunning(own); }));
     }
 }
 
@@ -156,9 +158,9 @@ TEST_F(WrittenProcesses, ThoseThatVanishDuringTheScanAreSkippedAndTheOthersFound
 
 TEST_F(RealProcesses, AHangingStarterHoldsOthersUpForABoundedTimeAMissingLockFolderNobody)
 {
-    const Url url = install("A.app", "org.example.a");
+    const Url url = install("A.app", own);
     {
-        const std::string lock = folder / "pellora-open-org.example.a.lock";
+        const std::string lock = folder / ("pellora-open-" + own + ".lock");
         const FileDescriptor held(::open(lock.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
         ASSERT_EQ(::flock(held.get(), LOCK_EX | LOCK_NB), 0);
         EXPECT_EQ(workspace.openApplication(url).error().code, ETIMEDOUT);
@@ -173,7 +175,7 @@ TEST_F(RealProcesses, AHangingStarterHoldsOthersUpForABoundedTimeAMissingLockFol
 TEST_F(RealProcesses, TheStartedProgramInheritsNothing)
 {
     const std::string report = folder / "report";
-    Tests::makeApplication(folder, "A.app", "org.example.a",
+    Tests::makeApplication(folder, "A.app", own,
                            "#!/bin/sh\n"
                            "{ grep '^Sig[BI]' /proc/self/status\n"
                            "[ -e /proc/$$/fd/$2 ] && echo descriptor $2\n"
@@ -200,7 +202,7 @@ TEST_F(RealProcesses, WhatCannotBeExecutedIsReported)
     for (const char* text : {"file:///missing/X.app", "file:///", "https://example.org/X.app"}) {
         EXPECT_EQ(workspace.openApplication(*Url::parse(text)).error().reason, "not an application");
     }
-    const Url url = install("A.app", "org.example.a");
+    const Url url = install("A.app", own);
     const std::string program = url.path() + "/Contents/MacOS/Program";
     std::filesystem::permissions(program, std::filesystem::perms::owner_read);
     EXPECT_EQ(workspace.openApplication(url).error().code, EACCES);
@@ -210,17 +212,17 @@ TEST_F(RealProcesses, WhatCannotBeExecutedIsReported)
 
 TEST_F(RealProcesses, AReplacedExecutableStillCountsAndALinkedBundleIsTheSame)
 {
-    const Url url = install("A.app", "org.example.a");
+    const Url url = install("A.app", own);
     const Url link = Url::fromPath(folder / "Link.app", true);
     std::filesystem::create_directory_symlink(url.path(), link.path());
     const auto opened = workspace.openApplication(link);
     ASSERT_TRUE(opened);
-    EXPECT_TRUE(workspace.isRunning("org.example.a"));
+    EXPECT_TRUE(workspace.isRunning(own));
 
     const std::string program = url.path() + "/Contents/MacOS/Program";
     std::filesystem::copy_file(program, program + ".new");
     std::filesystem::rename(program + ".new", program);
-    EXPECT_TRUE(workspace.isRunning("org.example.a"));
-    EXPECT_TRUE(LinuxWorkspace().isRunning("org.example.a"));
+    EXPECT_TRUE(workspace.isRunning(own));
+    EXPECT_TRUE(LinuxWorkspace().isRunning(own));
     EXPECT_EQ(*workspace.openApplication(url), *opened);
 }

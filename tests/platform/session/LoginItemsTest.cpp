@@ -1,8 +1,6 @@
 #include <cerrno>
-#include <csignal>
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,6 +12,7 @@
 #include "tests/fakes/FakeEnvironment.h"
 #include "tests/support/ApplicationBundle.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/ResourceLimit.h"
 
 namespace fs = std::filesystem;
 using Platform::Bundle;
@@ -129,13 +128,10 @@ TEST_F(LoginItemsTest, AReadOnlyFolderOrAFullDiskKeepsTheEntryAndNothingElse)
     ASSERT_EQ(::seteuid(self), 0);
     for (const auto& folder : {home.path(), home / ".config", autostart}) ::chmod(folder.c_str(), 0755);
 
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit{};
-    ::getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit full{16, limit.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &full);
-    EXPECT_EQ(items.setEnabled(starter, true).error().call, "write");
-    ::setrlimit(RLIMIT_FSIZE, &limit);
+    {
+        const Tests::ResourceLimit fullDisk(RLIMIT_FSIZE, 16);
+        EXPECT_EQ(items.setEnabled(starter, true).error().call, "write");
+    }
     EXPECT_EQ(Tests::contentOf(fileOf(starter)), before);
     EXPECT_EQ(std::distance(fs::directory_iterator(autostart), {}), 1);
 }

@@ -8,6 +8,7 @@
 
 #include "Lorrel/apps/Shell.h"
 #include "tests/support/EnvironmentVariable.h"
+#include "tests/support/OpenDescriptors.h"
 #include "tests/support/TemporaryDirectory.h"
 
 namespace Lorrel {
@@ -78,11 +79,7 @@ TEST(Shell, CommandHasPlainSignalsAndNoForeignDescriptors)
 
 TEST(Shell, ParallelRunsShareNothing)
 {
-    const auto openDescriptors = [] {
-        const std::filesystem::directory_iterator all("/proc/self/fd");
-        return std::distance(begin(all), end(all));
-    };
-    const auto before = openDescriptors();
+    const long before = Tests::openDescriptors();
     std::vector<std::thread> threads;
     for (int i = 0; i < 64; ++i) {
         threads.emplace_back([i] {
@@ -92,7 +89,7 @@ TEST(Shell, ParallelRunsShareNothing)
         });
     }
     for (auto& thread : threads) thread.join();
-    EXPECT_EQ(openDescriptors(), before);
+    EXPECT_EQ(Tests::openDescriptors(), before);
 }
 
 }  // namespace

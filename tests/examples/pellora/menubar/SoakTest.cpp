@@ -11,6 +11,7 @@
 #include "tests/fakes/FakeWorkspace.h"
 #include "tests/fakes/VirtualClock.h"
 #include "tests/support/BarWithoutDesktop.h"
+#include "tests/support/OpenDescriptors.h"
 #include "tests/support/Torture.h"
 
 namespace Pellora {
@@ -20,11 +21,6 @@ constexpr int ticksAnHour = 1800;
 constexpr int ticksAChange = 10;
 constexpr int ticksOpen = 300;  // an hour has the menu open for so many
 constexpr int savesAnHour = 8;  // three settings, twice; those that come together are heard of once
-
-long openDescriptors()
-{
-    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
-}
 
 struct Soak : testing::Test, Tests::BarWithoutDesktop {
     Soak()
@@ -102,7 +98,7 @@ TEST_F(Soak, HoursTakeNoMoreThanOneWakeUpATickAndNoMemory)
     passHourOfUse();  // until every store and queue has the memory that it keeps
     passHourOfUse();
     const auto bytes = mallinfo2().uordblks;
-    const long descriptors = openDescriptors();
+    const long descriptors = Tests::openDescriptors();
     dispatched = warned = 0;
     const int hours = static_cast<int>(Tests::atLength("hours", 2));
     const int ticks = hours * ticksAnHour;
@@ -116,7 +112,7 @@ TEST_F(Soak, HoursTakeNoMoreThanOneWakeUpATickAndNoMemory)
         << "once each time that the load goes up while there is a limit";
     EXPECT_LT(bytesNow, bytes + 32 * 1024) << "however many hours";
     for (int round = 0; round < 5; ++round) Monitor{settings};
-    EXPECT_EQ(openDescriptors(), descriptors) << "nor is anything left of monitors that end";
+    EXPECT_EQ(Tests::openDescriptors(), descriptors) << "nor is anything left of monitors that end";
 }
 
 }  // namespace

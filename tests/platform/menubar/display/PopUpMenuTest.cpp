@@ -7,16 +7,10 @@
 #include "platform/menubar/MenuItem.h"
 #include "platform/menubar/PopUpMenu.h"
 #include "platform/ui/dialogs/AlertPanel.h"
+#include "tests/support/DesktopLeaks.h"
 #include "tests/support/Display.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/Keyboard.h"
-
-// The font library keeps a pattern to itself at the end of the process, the
-// toolkit's accessibility a message of the bus library.
-extern "C" const char* __lsan_default_suppressions()
-{
-    return "leak:libfontconfig\nleak:libdbus\n";
-}
 
 namespace {
 

@@ -2,17 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "tests/platform/ui/DialogDriver.h"
+#include "tests/support/DesktopLeaks.h"
 #include "tests/support/Display.h"
 #include "tests/support/Eventually.h"
 
 using namespace Platform;
-
-// The font library keeps a pattern to itself at the end of the process, the
-// toolkit's accessibility a message of the bus library.
-extern "C" const char* __lsan_default_suppressions()
-{
-    return "leak:libfontconfig\nleak:libdbus\n";
-}
 
 namespace {
 
