@@ -1,15 +1,18 @@
 include(GoogleTest)
 
-# pellora_test(<target> [FOLDERS <dir>...] [LINKS <room>...] [TIMEOUT seconds] [LOCK <name>])
+# pellora_test(<target> [FOLDERS <dir>...] [LINKS <room>...] [TIMEOUT seconds] [LOCK <name>] [ENVIRONMENT NAME=value])
 # One test program from the .cpp files of its folders; each test becomes a ctest entry.
 # Tests with the same LOCK do not run at the same time.
 function(pellora_test target)
-  cmake_parse_arguments(TEST "" "TIMEOUT;LOCK" "FOLDERS;LINKS" ${ARGN})
+  cmake_parse_arguments(TEST "" "TIMEOUT;LOCK;ENVIRONMENT" "FOLDERS;LINKS" ${ARGN})
   if(NOT TEST_FOLDERS)
     set(TEST_FOLDERS .)
   endif()
   if(NOT TEST_TIMEOUT)
     set(TEST_TIMEOUT 120)
+  endif()
+  if(TEST_ENVIRONMENT)
+    set(environment ENVIRONMENT "${TEST_ENVIRONMENT}")
   endif()
   if(TEST_LOCK)
     set(lock RESOURCE_LOCK "${TEST_LOCK}")
@@ -27,5 +30,5 @@ function(pellora_test target)
     # Compiled as the prelude is, and as Qt wants it; where it does not fit, it is not used.
     target_compile_options(${target} PRIVATE -fPIC -Wno-error=invalid-pch)
   endif()
-  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT ${TEST_TIMEOUT} ENVIRONMENT "no_proxy=*" ${lock})
+  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT ${TEST_TIMEOUT} ${environment} ${lock})
 endfunction()

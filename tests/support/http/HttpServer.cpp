@@ -1,5 +1,6 @@
 #include "tests/support/http/HttpServer.h"
 
+#include <cstdlib>
 #include <sstream>
 #include <stdexcept>
 
@@ -10,6 +11,9 @@
 namespace Tests {
 
 namespace {
+
+// A proxy of the user's is no way to this server. Before main, while no thread reads the environment.
+const int isWithoutProxy = ::setenv("no_proxy", "*", 1);
 
 // The request at the front of the bytes, taken off them; absent when not whole.
 std::optional<HttpRequest> takeRequest(std::string& bytes)

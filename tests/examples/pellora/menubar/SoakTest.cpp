@@ -110,7 +110,7 @@ TEST_F(Soak, HoursTakeNoMoreThanOneWakeUpATickAndNoMemory)
         << "the timer's ticks, those again that an open menu shows, and the settings";
     EXPECT_EQ(warned, static_cast<std::size_t>(ticks / ticksAChange / 2 - hours))
         << "once each time that the load goes up while there is a limit";
-    EXPECT_LT(bytesNow, bytes + 32 * 1024) << "however many hours";
+    EXPECT_LT(bytesNow, bytes + 8 * 1024) << "however many hours; caches of the allocator count unless ctest runs it";
     for (int round = 0; round < 5; ++round) Monitor{settings};
     EXPECT_EQ(Tests::openDescriptors(), descriptors) << "nor is anything left of monitors that end";
 }
